@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+#include <optional>
+
+namespace tomvera::cli {
+
+// Exit codes of every subcommand.
+constexpr int EsitoOk = 0;
+constexpr int EsitoNegativo = 1; // the command ran and answered "no" (a check that failed)
+constexpr int EsitoErrore = 2; // bad arguments, unreadable archive, bad date: nothing written
+
+// The arguments of one subcommand: "--nome valore" pairs and bare words.
+class Argomenti
+{
+public:
+    explicit Argomenti(const QStringList& argomenti);
+    std::optional<QString> valore(const QString& nome) const;
+    bool presente(const QString& nome) const;
+    const QStringList& posizionali() const { return m_posizionali; }
+    // Options given but not among the known ones (reported as an error).
+    QStringList sconosciuti(const QStringList& noti) const;
+
+private:
+    QStringList m_nomi;
+    QStringList m_valori;
+    QStringList m_posizionali;
+};
+
+struct Console
+{
+    QTextStream out;
+    QTextStream err;
+    Console();
+    // One clear Italian line on stderr; returns EsitoErrore.
+    int errore(const QString& testo);
+};
+
+using FunzioneComando = int (*)(const Argomenti&, Console&);
+
+struct Comando
+{
+    const char* nome;
+    const char* uso;
+    FunzioneComando esegui;
+};
+
+// Each subcommand lives in its own file and is listed in comandi.cpp.
+int comandoCreaArchivio(const Argomenti&, Console&);
+
+} // namespace tomvera::cli

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QString>
+#include <QVariant>
+
+#include <memory>
+#include <optional>
+
+namespace tomvera {
+
+class GestioneErrori;
+struct Connessione;
+
+// Access to one archive file. Every statement runs through here with bound parameters and the central
+// error policy: a busy archive is retried, any other failure skips the statement and the caller goes on.
+// Objects on the same file in the same thread share one SQLite connection (and its transaction).
+class Archivio
+{
+public:
+    enum class Apertura {
+        Esistente, // the file must exist; never created
+        Crea // created if missing
+    };
+
+    Archivio(const QString& percorso, GestioneErrori& errori);
+    ~Archivio();
+    Archivio(const Archivio&) = delete;
+    Archivio& operator=(const Archivio&) = delete;
+
+    // Opens (or joins) the connection. False when the file can't be opened as an archive.
+    bool apri(Apertura modo = Apertura::Esistente);
+    bool aperto() const;
+    const QString& percorso() const { return m_percorso; }
+    QSqlDatabase connessione() const;
+    GestioneErrori& errori() const { return m_errori; }
+
+    // Runs a statement under the error policy. nullopt: the statement was skipped.
+    std::optional<QSqlQuery> esegui(const QString& sql, const QVariantList& parametri = {});
+    // A write (or DDL) statement: true when it was executed.
+    bool comando(const QString& sql, const QVariantList& parametri = {});
+    // All rows of a query, read at once.
+    QList<QSqlRecord> righe(const QString& sql, const QVariantList& parametri = {});
+    std::optional<QSqlRecord> riga(const QString& sql, const QVariantList& parametri = {});
+    // First column of the first row; an invalid QVariant when there is no row.
+    QVariant valore(const QString& sql, const QVariantList& parametri = {});
+    bool esisteRiga(const QString& sql, const QVariantList& parametri = {});
+    qint64 ultimoIndiceInserito() const;
+    int righeModificate() const { return m_righeModificate; }
+
+    // Outside the policy: for the schema routines, which skip every error in silence.
+    bool comandoSenzaGestione(const QString& sql, const QVariantList& parametri = {});
+    QSqlError ultimoErrore() const { return m_ultimoErrore; }
+
+    // The engine's error number as the policy knows it (busy and cannot-open map to the old numbers).
+    static int numeroErrore(const QSqlError& errore);
+
+    // Tests whether the archive at path opens: "" on success, else the message to show.
+    static QString VerificaArchivio(const QString& percorso);
+
+    // Closes every connection of this thread to the file (before copying, replacing or deleting it).
+    static void chiudiConnessioni(const QString& percorso);
+
+private:
+    friend class Transazione;
+    bool preparaEdEsegui(QSqlQuery& query, const QString& sql, const QVariantList& parametri);
+
+    QString m_percorso;
+    GestioneErrori& m_errori;
+    std::shared_ptr<Connessione> m_connessione;
+    QSqlError m_ultimoErrore;
+    qint64 m_ultimoIndice = -1;
+    int m_righeModificate = 0;
+};
+
+// All or nothing: a multi-table save runs inside one of these. commit() makes it permanent; the destructor
+// rolls back anything not committed. A statement skipped by the error policy inside it makes commit() fail.
+// Nested transactions join the outer one.
+class Transazione
+{
+public:
+    explicit Transazione(Archivio& archivio);
+    ~Transazione();
+    Transazione(const Transazione&) = delete;
+    Transazione& operator=(const Transazione&) = delete;
+
+    bool attiva() const { return m_attiva; }
+    bool commit();
+    void rollback();
+
+private:
+    Archivio& m_archivio;
+    bool m_attiva = false;
+    bool m_esterna = false;
+};
+
+// Registers the old engine's SQL functions on a raw connection handle (done on every connection).
+void registraFunzioniJet(const QSqlDatabase& db);
+
+} // namespace tomvera
