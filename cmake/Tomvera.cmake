@@ -76,3 +76,10 @@ function(tomvera_test name)
     endforeach()
   endforeach()
 endfunction()
+
+# The pictures the program ships (beach items) travel next to each program that may create an archive.
+function(tomvera_copia_immagini target)
+  add_custom_command(TARGET ${target} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E copy_directory ${TOMVERA_DATA_DIR}/immagini $<TARGET_FILE_DIR:${target}>/immagini
+    VERBATIM)
+endfunction()

@@ -50,5 +50,15 @@ struct Comando
 
 // Each subcommand lives in its own file and is listed in comandi.cpp.
 int comandoCreaArchivio(const Argomenti&, Console&);
+int comandoBackup(const Argomenti&, Console&);
+int comandoRipristina(const Argomenti&, Console&);
+int comandoVerificaCodiceFiscale(const Argomenti&, Console&);
+int comandoVerificaPartitaIva(const Argomenti&, Console&);
+int comandoImportaCodici(const Argomenti&, Console&);
+int comandoCreaArchivioCodici(const Argomenti&, Console&);
+int comandoDisponibilita(const Argomenti&, Console&);
+int comandoPrezzo(const Argomenti&, Console&);
+int comandoGeneraDemo(const Argomenti&, Console&);
+int comandoTabellone(const Argomenti&, Console&);
 
 } // namespace tomvera::cli

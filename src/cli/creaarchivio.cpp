@@ -1,23 +1,41 @@
 #include "comandi.h"
-
+#include "foundation/archivio.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/creazionedb.h"
-
-#include <QFileInfo>
+#include "foundation/schema/versione.h"
 
 namespace tomvera::cli {
 
 int comandoCreaArchivio(const Argomenti& argomenti, Console& console)
 {
+    const QStringList fuori = argomenti.sconosciuti({ QStringLiteral("archivio") });
+    if (!fuori.isEmpty())
+        return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
+    if (!argomenti.posizionali().isEmpty())
+        return console.errore(QStringLiteral("Argomento inatteso: ") + argomenti.posizionali().first());
     const auto percorso = argomenti.valore(QStringLiteral("archivio"));
     if (!percorso || percorso->isEmpty())
         return console.errore(QStringLiteral("Indicare l'archivio con --archivio PERCORSO"));
+
+    // Both files are checked before anything is written: a foreign file is never turned into an archive.
+    const QString sky = CreazioneDB::percorsoSkyAccanto(*percorso);
+    for (const QString& file : { *percorso, sky }) {
+        const QString problema = CreazioneDB::verificaFileArchivio(file);
+        if (!problema.isEmpty())
+            return console.errore(problema);
+    }
+
     GestioneErrori errori;
     CreazioneDB::Percorsi percorsi;
     percorsi.archivio = *percorso;
+    percorsi.archivioSky = sky;
     CreazioneDB creazione(percorsi, errori, [&](const QString& riga) { console.out << riga << Qt::endl; });
     if (!creazione.CreaDB_Click())
         return console.errore(QStringLiteral("Impossibile creare l'archivio: ") + *percorso);
+
+    Archivio archivio(*percorso, errori);
+    if (!archivio.apri() || !schema::ScriviVersione(archivio))
+        return console.errore(QStringLiteral("Impossibile registrare la versione nell'archivio: ") + *percorso);
     return EsitoOk;
 }
 

@@ -189,6 +189,44 @@ std::optional<QSqlQuery> Archivio::esegui(const QString& sql, const QVariantList
     }
 }
 
+std::optional<QSqlQuery> Archivio::prepara(const QString& sql)
+{
+    if (!m_connessione && !apri())
+        return std::nullopt;
+    for (;;) {
+        QSqlQuery query(connessione());
+        query.setForwardOnly(true);
+        if (query.prepare(adattaSql(sql)))
+            return query;
+        m_ultimoErrore = query.lastError();
+        if (!m_errori.GestioneErroreDatabase(numeroErrore(m_ultimoErrore), m_ultimoErrore.text())) {
+            if (m_connessione->livelloTransazione > 0)
+                m_connessione->transazioneFallita = true;
+            return std::nullopt;
+        }
+    }
+}
+
+bool Archivio::esegui(QSqlQuery& preparata, const QVariantList& parametri)
+{
+    for (;;) {
+        for (int i = 0; i < parametri.size(); ++i)
+            preparata.bindValue(i, parametri.at(i));
+        if (preparata.exec()) {
+            m_ultimoIndice = preparata.lastInsertId().isValid() ? preparata.lastInsertId().toLongLong() : -1;
+            m_righeModificate = preparata.numRowsAffected();
+            return true;
+        }
+        m_ultimoErrore = preparata.lastError();
+        preparata.finish();
+        if (!m_errori.GestioneErroreDatabase(numeroErrore(m_ultimoErrore), m_ultimoErrore.text())) {
+            if (m_connessione && m_connessione->livelloTransazione > 0)
+                m_connessione->transazioneFallita = true;
+            return false;
+        }
+    }
+}
+
 bool Archivio::comando(const QString& sql, const QVariantList& parametri)
 {
     return esegui(sql, parametri).has_value();

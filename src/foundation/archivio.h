@@ -48,6 +48,11 @@ public:
     // First column of the first row; an invalid QVariant when there is no row.
     QVariant valore(const QString& sql, const QVariantList& parametri = {});
     bool esisteRiga(const QString& sql, const QVariantList& parametri = {});
+
+    // A statement prepared once and run many times (bulk writes): prepara() then esegui(query, params).
+    // nullopt when the statement can't be prepared.
+    std::optional<QSqlQuery> prepara(const QString& sql);
+    bool esegui(QSqlQuery& preparata, const QVariantList& parametri);
     qint64 ultimoIndiceInserito() const;
     int righeModificate() const { return m_righeModificate; }
 

@@ -1,0 +1,14 @@
+#pragma once
+
+namespace tomvera {
+
+class Avvio;
+class FinestraAvvio;
+class UtentiCollegati;
+struct Sessione;
+
+// Gives every command of the main window what it does, subsystem by subsystem. A command left out here stays
+// hidden on the window. The planning board and the other subsystems add their lines here.
+void collegaComandi(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessione);
+
+} // namespace tomvera

@@ -1,0 +1,312 @@
+#include "foundation/avvio/avvioselezioneutente.h"
+
+#include "foundation/archivio.h"
+#include "foundation/interazione.h"
+#include "foundation/piattaforma.h"
+#include "foundation/routines.h"
+#include "foundation/schema/creazionedb.h"
+#include "foundation/sessione.h"
+#include "foundation/utenti.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace tomvera {
+
+namespace {
+
+const QString percorsoFile = QStringLiteral("Percorso.txt");
+const QString utenteFile = QStringLiteral("Utente.txt");
+
+QString cartellaDati()
+{
+    const QString dati = qEnvironmentVariable("TOMVERA_DATA_DIR");
+    return dati.isEmpty() ? QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data")) : dati;
+}
+
+CreazioneDB::Percorsi percorsiCreazione(const Sessione& sessione)
+{
+    CreazioneDB::Percorsi percorsi;
+    percorsi.archivio = sessione.PercorsoDB;
+    percorsi.archivioSky = sessione.PercorsoArchivioSky;
+    percorsi.cartellaImmagini = QDir(cartellaDati()).filePath(QStringLiteral("immagini"));
+    const QString codici = QDir(cartellaDati()).filePath(QStringLiteral("ArchivioCodici.mdb"));
+    if (QFileInfo::exists(codici))
+        percorsi.archivioCodici = codici;
+    return percorsi;
+}
+
+} // namespace
+
+QString AvvioSelezioneUtente::VersioneProgramma()
+{
+    return QStringLiteral("3.9.4");
+}
+
+QString AvvioSelezioneUtente::NomeProdotto()
+{
+    return QStringLiteral("Tomvera");
+}
+
+AvvioSelezioneUtente::AvvioSelezioneUtente(Sessione& sessione, ContaUtenti contaUtenti)
+    : m_sessione(sessione)
+    , m_contaUtenti(std::move(contaUtenti))
+{
+}
+
+void AvvioSelezioneUtente::Form_Load()
+{
+    // Parsing never depends on the machine's locale here, so there are no regional settings to repair.
+    m_sessione.PercorsoProgramma = piattaforma::cartellaProgramma();
+    QDir().mkpath(m_sessione.PercorsoProgramma);
+    QDir::setCurrent(m_sessione.PercorsoProgramma);
+    Titolo = NomeProdotto() + QStringLiteral(" ver. ") + VersioneProgramma();
+    Ver = Titolo;
+    VerAggiornato = false;
+    LetturaPath();
+}
+
+void AvvioSelezioneUtente::LetturaPath()
+{
+    ErroreAvvioVisibile = false;
+    ErroreAvvio.clear();
+    QDir().mkpath(piattaforma::cartellaArchiviPredefinita());
+    m_sessione.PercorsoDB = piattaforma::percorsoArchivioPredefinito();
+    m_sessione.PercorsoArchivioSky = piattaforma::percorsoArchivioSkyPredefinito();
+
+    bool daFile = false;
+    const QString file = piattaforma::percorsoFileLaterale(percorsoFile);
+    if (QFileInfo::exists(file)) {
+        const QString riga = piattaforma::leggiPrimaRiga(file);
+        if (!riga.isEmpty()) {
+            daFile = true;
+            m_sessione.PercorsoDB = riga;
+            // Cut by the length of "Archivio.mdb", whatever the file is called.
+            m_sessione.PercorsoArchivioSky
+                = riga.left(std::max(0, int(riga.size()) - 12)) + QStringLiteral("ArchivioSky.mdb");
+        }
+    }
+    const QString errore = Archivio::VerificaArchivio(m_sessione.PercorsoDB);
+    PercorsoDataBase = QDir::toNativeSeparators(m_sessione.PercorsoDB);
+    if (!errore.isEmpty()) {
+        ErroreAvvio = (daFile ? QStringLiteral("ATTENZIONE!!!  ") : QStringLiteral("ATTENZIONE!!!    "))
+            + QStringLiteral("PROBLEMI DI ACCESSO AI DATI (Controllare il percorso dell'archivio e verificare che "
+                             "sia raggiungibile) ")
+            + QStringLiteral("\n\nERRORE: ") + errore;
+        ErroreAvvioVisibile = true;
+        Utenti.clear(); // the users of an archive chosen before are not this one's
+        Command5Abilitato = true;
+        AccediAbilitato = false;
+        Alto = true;
+        return;
+    }
+    Command5Abilitato = false;
+    AccediAbilitato = true;
+    const QString percorso = QFileInfo(m_sessione.PercorsoDB).absoluteFilePath();
+    CartellaArchivio = QFileInfo(percorso).absolutePath() + QLatin1Char('/');
+    PercorsoImmaginiSpiaggia = CartellaArchivio + QStringLiteral("Immagini Spiaggia/");
+}
+
+void AvvioSelezioneUtente::Form_Activate()
+{
+    if (ErroreAvvioVisibile)
+        return;
+    if (!ControllaCorrettezzaArchivio()) {
+        AccediAbilitato = false;
+        Utenti.clear();
+        m_sessione.interazione.messaggio(QStringLiteral("Attenzione l'archivio selezionato non è corretto!"), {},
+                                         Interazione::Icona::Critico);
+        return;
+    }
+    if (ControllaVersione(VersioneProgramma()) == EsitoVersione::Aggiornato) {
+        Ver = QStringLiteral("Aggiornamento eseguito alla versione: ") + VersioneProgramma();
+        VerAggiornato = true;
+    }
+    CaricaUtenteSelezionato();
+    CaricaUtenti();
+    LeggiPasswordUtente();
+    ControllaSeAmministratore();
+}
+
+bool AvvioSelezioneUtente::ControllaCorrettezzaArchivio()
+{
+    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+    if (!archivio.apri())
+        return false;
+    return archivio.esegui(QStringLiteral(" SELECT * FROM TabellaStrutturaCamere where indice > 0 ")).has_value();
+}
+
+AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(const QString& versioneProgramma)
+{
+    std::optional<QSqlRecord> riga;
+    {
+        Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+        if (archivio.apri())
+            riga = archivio.riga(QStringLiteral("select * from TabellaVersione "));
+    }
+    const auto aggiorna = [&] { CreazioneDB(percorsiCreazione(m_sessione), m_sessione.errori).CreaDB_Click(); };
+    if (!riga) {
+        aggiorna();
+        Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+        if (archivio.apri())
+            archivio.comando(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES (?)"),
+                             { versioneProgramma });
+        return EsitoVersione::Uguale;
+    }
+    const double programma = ValoreVersione(versioneProgramma);
+    const double archiviata = ValoreVersione(riga->value(QStringLiteral("Versione")).toString());
+    if (programma > archiviata) {
+        aggiorna();
+        Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+        if (archivio.apri())
+            archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
+                             { versioneProgramma, riga->value(QStringLiteral("Indice")) });
+        return EsitoVersione::Aggiornato;
+    }
+    if (programma < archiviata) {
+        m_sessione.interazione.messaggio(
+            QStringLiteral("Attenzione, la versione del database è più aggiornata rispetto a quella del programma!\n"
+                           "Eseguire l'aggiornamento del programma"),
+            {}, Interazione::Icona::Critico);
+        AccediAbilitato = false;
+        return EsitoVersione::ProgrammaPiuVecchio;
+    }
+    return EsitoVersione::Uguale;
+}
+
+void AvvioSelezioneUtente::CaricaUtenteSelezionato()
+{
+    Utente = piattaforma::leggiPrimaRiga(piattaforma::percorsoFileLaterale(utenteFile));
+}
+
+void AvvioSelezioneUtente::SalvaUtenteSelezionato()
+{
+    piattaforma::scriviRiga(piattaforma::percorsoFileLaterale(utenteFile), Utente);
+}
+
+void AvvioSelezioneUtente::CaricaUtenti()
+{
+    const QString ricordato = Utente;
+    Utenti.clear();
+    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+    if (archivio.apri())
+        Utenti = utenti::elencoUtenti(archivio);
+    Utenti << utenti::NomeAmministratore();
+    Utente = Utenti.contains(ricordato) && !ricordato.isEmpty() ? ricordato : utenti::NomeAmministratore();
+}
+
+void AvvioSelezioneUtente::LeggiPasswordUtente()
+{
+    Password.clear();
+    m_tmpPassword.clear();
+    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+    if (archivio.apri() && !Utente.isEmpty())
+        m_tmpPassword = utenti::LeggiPasswordUtente(archivio, Utente);
+    PasswordVisibile = utenti::richiedePassword(m_tmpPassword);
+}
+
+void AvvioSelezioneUtente::ControllaSeAmministratore()
+{
+    const bool abilita = utenti::ControllaSeAmministratore(Utente, Password, m_tmpPassword);
+    ImpostazioniAbilitato = abilita;
+    AggiornamentoOnLineAbilitato = abilita;
+    if (!abilita)
+        Alto = false;
+}
+
+int AvvioSelezioneUtente::UtentiCollegatiDB()
+{
+    m_sessione.UtentiCollegati = m_contaUtenti ? m_contaUtenti(m_sessione.PercorsoDB) : 0;
+    return m_sessione.UtentiCollegati;
+}
+
+void AvvioSelezioneUtente::Utente_Click(const QString& utente)
+{
+    Utente = utente;
+    LeggiPasswordUtente();
+    SalvaUtenteSelezionato();
+    ControllaSeAmministratore();
+}
+
+void AvvioSelezioneUtente::Password_Change(const QString& testo)
+{
+    Password = testo;
+    ControllaSeAmministratore();
+}
+
+bool AvvioSelezioneUtente::Accedi_Click()
+{
+    SelezionaPassword = false;
+    if (!AccediAbilitato)
+        return false;
+    switch (utenti::Accedi(m_sessione, Utente, Password, m_tmpPassword)) {
+    case utenti::EsitoAccesso::Riuscito:
+        UtentiCollegatiDB();
+        return true;
+    case utenti::EsitoAccesso::PasswordErrata:
+        SelezionaPassword = true;
+        return false;
+    case utenti::EsitoAccesso::UtenteNonSelezionato:
+    case utenti::EsitoAccesso::UtenteNonAttivo:
+        break;
+    }
+    return false;
+}
+
+void AvvioSelezioneUtente::Command1_Click()
+{
+    Terminato = true;
+}
+
+void AvvioSelezioneUtente::Impostazioni_Click()
+{
+    if (ImpostazioniAbilitato || ErroreAvvioVisibile)
+        Alto = !Alto;
+}
+
+void AvvioSelezioneUtente::ricarica()
+{
+    Form_Load();
+    Form_Activate();
+}
+
+void AvvioSelezioneUtente::Command2_Click()
+{
+    const QString cartella = QFileInfo(m_sessione.PercorsoDB).absolutePath();
+    const auto scelta = m_sessione.interazione.scegliFileDaAprire(
+        QStringLiteral("Find Source File"), QDir(cartella).filePath(QStringLiteral("Archivio.mdb")),
+        QStringLiteral("dBase Files (*.mdb)"));
+    if (!scelta || scelta->trimmed().isEmpty())
+        return;
+    piattaforma::scriviRiga(piattaforma::percorsoFileLaterale(percorsoFile), QDir::toNativeSeparators(*scelta));
+    m_sessione.PercorsoDB = *scelta;
+    ricarica();
+}
+
+void AvvioSelezioneUtente::Command3_Click()
+{
+    m_sessione.PercorsoDB = piattaforma::percorsoArchivioPredefinito();
+    m_sessione.PercorsoArchivioSky = piattaforma::percorsoArchivioSkyPredefinito();
+    piattaforma::scriviRiga(piattaforma::percorsoFileLaterale(percorsoFile),
+                            QDir::toNativeSeparators(m_sessione.PercorsoDB));
+    ricarica();
+}
+
+void AvvioSelezioneUtente::Command5_Click()
+{
+    QDir().mkpath(QFileInfo(m_sessione.PercorsoDB).absolutePath());
+    if (CreazioneDB(percorsiCreazione(m_sessione), m_sessione.errori).CreaDB_Click()) {
+        // A new archive is at this version: no second pass at the next activation.
+        Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+        if (archivio.apri() && !archivio.esisteRiga(QStringLiteral("SELECT * FROM TabellaVersione")))
+            archivio.comando(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES (?)"),
+                             { VersioneProgramma() });
+    } else {
+        m_sessione.interazione.messaggio(QStringLiteral("Impossibile creare l'archivio in ") + PercorsoDataBase, {},
+                                         Interazione::Icona::Critico);
+    }
+    ricarica();
+}
+
+} // namespace tomvera

@@ -1,0 +1,128 @@
+#pragma once
+
+#include <QLatin1String>
+
+// The constant's name is its text: the two can never drift apart.
+#define TOMVERA_CHIAVE(nome) inline constexpr QLatin1String nome { #nome };
+
+namespace tomvera::chiavi {
+
+// The keys of Variabili as stored, "<screen>_<control>". Some are misspelled or cut short in archives that
+// exist (F_StampaSistuazione_..., ..._SoloNonAddebit): they are names, not words, and must stay as they are.
+// clang-format off
+
+// Boolean values.
+TOMVERA_CHIAVE(Avvio_AbilitaGestioneSpiaggia)
+TOMVERA_CHIAVE(DocumentoNew_ModuloPersonalizzato)
+TOMVERA_CHIAVE(DocumentoNew_ModuloPreimpostato)
+TOMVERA_CHIAVE(DocumentoNew_ModuloPreimpostatoA5)
+TOMVERA_CHIAVE(F_ElencoAnagrafiche_Crescente)
+TOMVERA_CHIAVE(F_ElencoAnagrafiche_Decrescente)
+TOMVERA_CHIAVE(F_GraficoPresenze_PerPiano)
+TOMVERA_CHIAVE(F_GraficoPresenze_TutteLeCamere)
+TOMVERA_CHIAVE(F_ImportazioneCentralinoTelefonico_SoloAddebitati)
+TOMVERA_CHIAVE(F_ImportazioneCentralinoTelefonico_SoloNonAddebit)
+TOMVERA_CHIAVE(F_ImportazioneCentralinoTelefonico_Tutti)
+TOMVERA_CHIAVE(F_ListinoCamere_PrezzoACamera)
+TOMVERA_CHIAVE(F_ListinoCamere_PrezzoAPersona)
+TOMVERA_CHIAVE(F_PrenotazioneSpiaggia_Articoli)
+TOMVERA_CHIAVE(F_PrenotazioneSpiaggia_Attrezzature)
+TOMVERA_CHIAVE(F_PrenotazioneSpiaggia_Pacchetti)
+TOMVERA_CHIAVE(F_Prenotazione_Duplice)
+TOMVERA_CHIAVE(F_Prenotazione_OrdinaperCliente)
+TOMVERA_CHIAVE(F_Prenotazione_OrdinaperInserimento)
+TOMVERA_CHIAVE(F_Prenotazione_PrezziACamera)
+TOMVERA_CHIAVE(F_Prenotazione_PrezziAPersona)
+TOMVERA_CHIAVE(F_Prenotazione_Singolo)
+TOMVERA_CHIAVE(F_Sky_CheckIn)
+TOMVERA_CHIAVE(F_Sky_CheckOut)
+
+// Numeric values.
+TOMVERA_CHIAVE(Avvio_Grafica)
+TOMVERA_CHIAVE(Avvio_InformazioniCamera)
+TOMVERA_CHIAVE(CercaDocumento_RicAvanzata)
+TOMVERA_CHIAVE(Doc_SNcomuni)
+TOMVERA_CHIAVE(DocumentoNew_ConAnteprima)
+TOMVERA_CHIAVE(DocumentoNew_NumeroCopie)
+TOMVERA_CHIAVE(DocumentoNew_ProponiPrezzi)
+TOMVERA_CHIAVE(DocumentoNew_RicStr)
+TOMVERA_CHIAVE(DocumentoNew_StampaStatoPagamento)
+TOMVERA_CHIAVE(DocumentoNew_VisualizzazioneAvanzata)
+TOMVERA_CHIAVE(F_ArriviPartenze_StampaArriviEPresenze)
+TOMVERA_CHIAVE(F_Avvio_MostraCalendario)
+TOMVERA_CHIAVE(F_Avvio_NroPiano)
+TOMVERA_CHIAVE(F_Configurazioni_MostraIpPrivato)
+TOMVERA_CHIAVE(F_Configurazioni_MostraIpPubblico)
+TOMVERA_CHIAVE(F_Configurazioni_MostraNome)
+TOMVERA_CHIAVE(F_GestioneCamere_ConFrigobar)
+TOMVERA_CHIAVE(F_GestioneCamere_SoloPrenotazioniInCorso)
+TOMVERA_CHIAVE(F_GestioneCamere_SoloPrenotazioniconarrivoil)
+TOMVERA_CHIAVE(F_GestioneCamere_SoloPrenotazioniconpartenzail)
+TOMVERA_CHIAVE(F_GestioneCamere_StampaDettagliata)
+TOMVERA_CHIAVE(F_GraficoPresenze_NroPiano)
+TOMVERA_CHIAVE(F_PrenotazioneSpiaggia_NonModificareDatiCliente)
+TOMVERA_CHIAVE(F_Prenotazione_ConAnagrafiche)
+TOMVERA_CHIAVE(F_Prenotazione_DocumentoDettagliato)
+TOMVERA_CHIAVE(F_Prenotazione_DocumentoDettagliatoAcconti)
+TOMVERA_CHIAVE(F_Prenotazione_NonModificareDatiCliente)
+TOMVERA_CHIAVE(F_Prenotazione_StampaNote)
+TOMVERA_CHIAVE(F_PrenotazioniRistorante_SoloArrivati)
+TOMVERA_CHIAVE(F_Sky_VisualizzaImportati)
+TOMVERA_CHIAVE(F_StampaSistuazione_StampaDettagliata)
+TOMVERA_CHIAVE(F_StampaSistuazione_StampaNote)
+TOMVERA_CHIAVE(F_Statistiche_AbilitaAnno1)
+TOMVERA_CHIAVE(F_Statistiche_AbilitaAnno2)
+TOMVERA_CHIAVE(F_Statistiche_AbilitaAnno3)
+TOMVERA_CHIAVE(F_Statistiche_AbilitaAnno4)
+TOMVERA_CHIAVE(F_Statistiche_AbilitaAnno5)
+TOMVERA_CHIAVE(Istat_Sitra_CamereTotali)
+TOMVERA_CHIAVE(Istat_Sitra_LettiTotali)
+TOMVERA_CHIAVE(Istat_Sitra_MemorizzaPosizione)
+TOMVERA_CHIAVE(Statistiche_PrezzoZero)
+TOMVERA_CHIAVE(Statistiche_TotPerCliente)
+TOMVERA_CHIAVE(Statistiche_VisTotali)
+
+// Text values.
+TOMVERA_CHIAVE(DocumentoNew_TipoArt)
+TOMVERA_CHIAVE(DocumentoNew_TipoDocumento)
+TOMVERA_CHIAVE(F_ElencoAnagrafiche_Ordinamento)
+TOMVERA_CHIAVE(F_InvioTelematico_PercorsoEsportazione)
+TOMVERA_CHIAVE(F_PlanningSale_CodiceTipologia)
+TOMVERA_CHIAVE(F_Prenotazione_ListinoCamere)
+TOMVERA_CHIAVE(F_Prenotazione_ListinoTrattamenti)
+TOMVERA_CHIAVE(F_Prenotazione_TipoDiAlloggiato)
+TOMVERA_CHIAVE(F_Prenotazione_TipoStampaSchedaNotifica)
+TOMVERA_CHIAVE(F_Prenotazione_TipoTrattamento)
+TOMVERA_CHIAVE(F_Sky_OperazioneDaEffettuare)
+TOMVERA_CHIAVE(F_StampaIstat_Modello)
+TOMVERA_CHIAVE(F_StampaIstat_Referente)
+TOMVERA_CHIAVE(F_StampaIstat_Telefono)
+TOMVERA_CHIAVE(F_Statistiche_Anno1)
+TOMVERA_CHIAVE(F_Statistiche_Anno2)
+TOMVERA_CHIAVE(F_Statistiche_Anno3)
+TOMVERA_CHIAVE(F_Statistiche_Anno4)
+TOMVERA_CHIAVE(F_Statistiche_Anno5)
+TOMVERA_CHIAVE(F_Statistiche_Tipo)
+TOMVERA_CHIAVE(F_Statistiche_TipoGrafico)
+TOMVERA_CHIAVE(F_Statistiche_TipoStatistiche)
+TOMVERA_CHIAVE(F_TotaliCliente_ImportoMinimo)
+TOMVERA_CHIAVE(Modello_C_59_G)
+TOMVERA_CHIAVE(Modello_old)
+TOMVERA_CHIAVE(Statistiche_Agente)
+TOMVERA_CHIAVE(Statistiche_AnnoRiferimento)
+TOMVERA_CHIAVE(Statistiche_GruppoSel)
+TOMVERA_CHIAVE(Statistiche_Mese)
+TOMVERA_CHIAVE(Statistiche_RagSociale)
+TOMVERA_CHIAVE(Statistiche_RaggruppaPer)
+TOMVERA_CHIAVE(Statistiche_TipoArt)
+TOMVERA_CHIAVE(Statistiche_aDataDoc)
+TOMVERA_CHIAVE(Statistiche_daDataDoc)
+TOMVERA_CHIAVE(Statistiche_daDocumentoMagazzino)
+
+// The prefix of the sales statistics' saved selections (one key per field of the selection).
+TOMVERA_CHIAVE(Statistiche_DS_)
+// clang-format on
+
+} // namespace tomvera::chiavi
+
+#undef TOMVERA_CHIAVE

@@ -1,0 +1,352 @@
+#include "maintenance/backup.h"
+
+#include "foundation/archivio.h"
+#include "foundation/configurazione.h"
+#include "foundation/formati.h"
+#include "foundation/interazione.h"
+#include "foundation/piattaforma.h"
+#include "foundation/utenticollegati.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <sqlite3.h>
+
+namespace tomvera::backup {
+
+namespace {
+
+const QString nomeCopia = QStringLiteral("copia.mdb");
+
+void rimuoviSilenzioso(const QString& percorso)
+{
+    QFile::remove(percorso);
+}
+
+// A file left behind by an interrupted writer would be replayed into whatever file takes the archive's place.
+void rimuoviGiornale(const QString& percorsoDB)
+{
+    QFile::remove(percorsoDB + QStringLiteral("-journal"));
+}
+
+// Holds at least one table: SQLite takes a tiny or empty file for an empty database, and restoring one
+// would replace the data with nothing.
+bool contieneTabelle(const QString& percorso)
+{
+    sqlite3* db = nullptr;
+    const QByteArray nome = QFileInfo(percorso).absoluteFilePath().toUtf8();
+    bool tabelle = false;
+    if (sqlite3_open_v2(nome.constData(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        sqlite3_busy_timeout(db, 5000);
+        sqlite3_stmt* istruzione = nullptr;
+        if (sqlite3_prepare_v2(db, "SELECT count(*) FROM sqlite_master WHERE type = 'table'", -1, &istruzione, nullptr)
+                == SQLITE_OK
+            && sqlite3_step(istruzione) == SQLITE_ROW)
+            tabelle = sqlite3_column_int(istruzione, 0) > 0;
+        sqlite3_finalize(istruzione);
+    }
+    sqlite3_close(db);
+    return tabelle;
+}
+
+} // namespace
+
+QString nomeFileBackup(const QDate& giorno)
+{
+    return giorno.toString(QStringLiteral("ddMMyy")) + QStringLiteral(".mdb");
+}
+
+QDate dataDaNomeBackup(const QString& nomeFile)
+{
+    QString testo = nomeFile.left(nomeFile.size() - 4);
+    auto data = leggiData(testo);
+    if (!data) {
+        // The date mask: six digits read as ##/##/##, eight as ##/##/####.
+        if (testo.size() == 6)
+            testo = testo.left(2) + QLatin1Char('/') + testo.mid(2, 2) + QLatin1Char('/') + testo.mid(4);
+        else if (testo.size() == 8)
+            testo = testo.left(2) + QLatin1Char('/') + testo.mid(2, 2) + QLatin1Char('/') + testo.mid(4);
+        data = leggiData(testo);
+    }
+    return data ? *data : QDate();
+}
+
+QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere)
+{
+    QStringList lista = nomiFile;
+    QStringList daCancellare;
+    const QDate sentinella(3000, 1, 1);
+    while (lista.size() > std::max(daMantenere, 0)) {
+        QDate piuVecchia = sentinella;
+        int indice = -1;
+        for (int i = 0; i < lista.size(); ++i) {
+            const QDate data = dataDaNomeBackup(lista.at(i));
+            if (data.isValid() && data < piuVecchia) {
+                piuVecchia = data;
+                indice = i;
+            }
+        }
+        if (indice < 0)
+            break;
+        daCancellare << lista.takeAt(indice);
+    }
+    return daCancellare;
+}
+
+bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore)
+{
+    if (!QFileInfo(sorgente).isFile()) {
+        if (errore)
+            *errore = QStringLiteral("Archivio non trovato");
+        return false;
+    }
+    sqlite3* db = nullptr;
+    const QByteArray percorso = QFileInfo(sorgente).absoluteFilePath().toUtf8();
+    int esito = sqlite3_open_v2(percorso.constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    if (esito == SQLITE_OK) {
+        // A writer committing at this moment holds the file for milliseconds: wait for it.
+        sqlite3_busy_timeout(db, 10000);
+        sqlite3_stmt* istruzione = nullptr;
+        esito = sqlite3_prepare_v2(db, "VACUUM INTO ?", -1, &istruzione, nullptr);
+        if (esito == SQLITE_OK) {
+            const QByteArray dest = QFileInfo(destinazione).absoluteFilePath().toUtf8();
+            sqlite3_bind_text(istruzione, 1, dest.constData(), int(dest.size()), SQLITE_TRANSIENT);
+            esito = sqlite3_step(istruzione);
+            if (esito == SQLITE_DONE)
+                esito = SQLITE_OK;
+        }
+        sqlite3_finalize(istruzione);
+    }
+    if (esito != SQLITE_OK && errore)
+        *errore = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(esito));
+    sqlite3_close(db);
+    if (esito != SQLITE_OK)
+        rimuoviSilenzioso(destinazione);
+    return esito == SQLITE_OK;
+}
+
+bool spostaFile(const QString& da, const QString& a)
+{
+    if (QFile::rename(da, a))
+        return true;
+    if (!QFile::copy(da, a))
+        return false;
+    QFile::remove(da);
+    return true;
+}
+
+QString EseguiCopiaBackup(const QString& percorsoDB, const QString& cartella, const QString& nomeFile,
+                          const QString& cartellaLavoro)
+{
+    QDir().mkpath(cartellaLavoro);
+    const QString copia = QDir(cartellaLavoro).filePath(nomeCopia);
+    rimuoviSilenzioso(copia);
+    if (!copiaCompattata(percorsoDB, copia))
+        return {};
+    QDir().mkpath(cartella);
+    const QString destinazione = QDir(cartella).filePath(nomeFile);
+    // Written beside its final name first, so a full disk never leaves half a backup under a date.
+    const QString provvisorio = destinazione + QStringLiteral(".tmp");
+    rimuoviSilenzioso(provvisorio);
+    if (!QFile::copy(copia, provvisorio))
+        return {};
+    rimuoviSilenzioso(destinazione);
+    if (!QFile::rename(provvisorio, destinazione)) {
+        rimuoviSilenzioso(provvisorio);
+        return {};
+    }
+    return destinazione;
+}
+
+QStringList CancellaFile(const QString& cartella, int daMantenere)
+{
+    const QDir dir(cartella);
+    const QStringList nomi = dir.entryList({ QStringLiteral("*.mdb") }, QDir::Files, QDir::Name);
+    const QStringList daCancellare = backupDaCancellare(nomi, daMantenere);
+    QStringList cancellati;
+    for (const QString& nome : daCancellare) {
+        if (QFile::remove(dir.filePath(nome)))
+            cancellati << nome;
+    }
+    return cancellati;
+}
+
+Impostazioni impostazioniDa(const Configurazione& configurazione)
+{
+    Impostazioni impostazioni;
+    impostazioni.salvataggioAutomatico = configurazione.SalvataggioAutomatico;
+    impostazioni.cartellaAutomatica = piattaforma::percorsoLocale(configurazione.PercorsoBackupAutomatico);
+    impostazioni.cartellaManuale = piattaforma::percorsoLocale(configurazione.PercorsoBackup);
+    impostazioni.daMantenere = configurazione.NumeroBackupDaMantenere;
+    return impostazioni;
+}
+
+Impostazioni leggiImpostazioni(Archivio& archivio)
+{
+    return impostazioniDa(configurazione::leggi(archivio).value_or(Configurazione()));
+}
+
+bool archivioOccupato(const QString& percorsoDB, int propri)
+{
+    return UtentiCollegatiDB(percorsoDB) > propri;
+}
+
+Manutenzione::Manutenzione(Interazione& interazione, QString percorsoDB, QString cartellaLavoro,
+                           ArchivioOccupato occupato)
+    : m_interazione(interazione)
+    , m_percorsoDB(std::move(percorsoDB))
+    , m_cartellaLavoro(std::move(cartellaLavoro))
+    , m_occupato(std::move(occupato))
+{
+}
+
+QString Manutenzione::percorsoCopia() const
+{
+    return QDir(m_cartellaLavoro).filePath(nomeCopia);
+}
+
+bool Manutenzione::ControllaSalvataggioAutomatico(const Impostazioni& impostazioni, const QDate& oggi)
+{
+    if (!impostazioni.salvataggioAutomatico)
+        return false;
+    const QString nome = nomeFileBackup(oggi);
+    if (QFileInfo::exists(QDir(impostazioni.cartellaAutomatica).filePath(nome)))
+        return false;
+    m_interazione.avviso(Interazione::TipoAvviso::Informazione, QStringLiteral("Backup in corso attendere ..."), 600,
+                         false);
+    QCoreApplication::processEvents();
+    const bool fatto
+        = !EseguiCopiaBackup(m_percorsoDB, impostazioni.cartellaAutomatica, nome, m_cartellaLavoro).isEmpty();
+    CancellaFile(impostazioni.cartellaAutomatica, impostazioni.daMantenere);
+    return fatto;
+}
+
+QString Manutenzione::EseguiBackup(const QString& cartella, const QDate& oggi, Origine origine)
+{
+    const QString nome = nomeFileBackup(oggi);
+    const QString domanda = origine == Origine::Configurazioni
+        ? QStringLiteral("Eseguo il salvataggio archivio in: ")
+            + QDir::toNativeSeparators(QDir(cartella).filePath(nome))
+        : QStringLiteral("Eseguo il salvataggio archivio nel percorso indicato?");
+    if (!m_interazione.domandaSiNo(domanda))
+        return {};
+    if (m_occupato && m_occupato(m_percorsoDB)) {
+        m_interazione.messaggio(
+            QStringLiteral("Database in uso\nChiudere le applicazioni di Tomvera attive e ritentare il Backup"), {},
+            Interazione::Icona::Avviso);
+        return {};
+    }
+    const QString fatto = EseguiCopiaBackup(m_percorsoDB, cartella, nome, m_cartellaLavoro);
+    if (fatto.isEmpty()) {
+        m_interazione.messaggio(QStringLiteral("Attenzione, backup non eseguito: impossibile scrivere in ")
+                                    + QDir::toNativeSeparators(cartella),
+                                {}, Interazione::Icona::Critico);
+        return {};
+    }
+    if (origine == Origine::Configurazioni)
+        m_interazione.messaggio(QStringLiteral("Backup Eseguito ") + QDir::toNativeSeparators(fatto));
+    else
+        m_interazione.messaggio(QStringLiteral("PROCEDURA TERMINATA"));
+    return fatto;
+}
+
+bool Manutenzione::RipristinaDb(const QString& fileBackup)
+{
+    if (!m_interazione.domandaSiNo(
+            QStringLiteral("Attenzione: un errato ripristino potrebbe causare la perdita di tutti i dati, continuare?"),
+            {}, Interazione::Icona::Avviso))
+        return false;
+    const auto risposta
+        = m_interazione.inputBox(QStringLiteral("Confermare l'operazione di ripristino archivio digitando: SI"));
+    if (!risposta || risposta->trimmed().toUpper() != QLatin1String("SI"))
+        return false;
+    if (!piattaforma::percorsoLocaleAssoluto(m_percorsoDB)) {
+        m_interazione.messaggio(QStringLiteral("Cartella di destinazione non valida"), {}, Interazione::Icona::Avviso);
+        return false;
+    }
+    if (fileBackup.trimmed().isEmpty()) {
+        m_interazione.messaggio(QStringLiteral("Percorso non impostato correttamente"), {}, Interazione::Icona::Avviso);
+        return false;
+    }
+    const QString problemi = QStringLiteral("Problemi nella procedura di ripristino ... ripristino non effettuato");
+    // A file that isn't an archive would replace the data with nothing.
+    if (!QFileInfo(fileBackup).isFile() || !contieneTabelle(fileBackup)) {
+        m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    if (m_occupato && m_occupato(m_percorsoDB)) {
+        m_interazione.messaggio(QStringLiteral("IN QUESTO MOMENTO L'ARCHIVIO RISULTA OCCUPATO, \n"
+                                               " RITENTARE L'OPERAZIONE DOPO AVER RIAVVIATO IL PROGRAMMA"),
+                                {}, Interazione::Icona::Avviso);
+        return false;
+    }
+    Archivio::chiudiConnessioni(m_percorsoDB);
+    QDir().mkpath(m_cartellaLavoro);
+    const QString copia = percorsoCopia();
+    rimuoviSilenzioso(copia);
+    if (QFileInfo::exists(m_percorsoDB) && !QFile::copy(m_percorsoDB, copia)) {
+        m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    const QString provvisorio = m_percorsoDB + QStringLiteral(".ripristino");
+    rimuoviSilenzioso(provvisorio);
+    if (!QFile::copy(fileBackup, provvisorio)) {
+        rimuoviSilenzioso(provvisorio);
+        m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    rimuoviSilenzioso(m_percorsoDB);
+    rimuoviGiornale(m_percorsoDB);
+    if (!QFile::rename(provvisorio, m_percorsoDB)) {
+        QFile::copy(copia, m_percorsoDB);
+        rimuoviSilenzioso(provvisorio);
+        m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    m_interazione.messaggio(QStringLiteral("Procedura terminata, riavviare il programma"));
+    return true;
+}
+
+bool Manutenzione::OttimizzazioneArchivio()
+{
+    const auto parola = m_interazione.inputBox(QStringLiteral("PER EFFETTUARE L'OPERAZIONE DIGITARE: confermo"));
+    if (!parola || *parola != QLatin1String("confermo"))
+        return false;
+    if (!m_interazione.domandaSiNo(QStringLiteral("CONFERMI L'OTTIMIZZAZIONE DEL DATABASE?")))
+        return false;
+    if (m_occupato && m_occupato(m_percorsoDB)) {
+        m_interazione.messaggio(QStringLiteral("Attenzione, il DataBase risulta occupato!\n\n"
+                                               "Chiudere la finestra delle configurazioni e ritentare l'operazione."),
+                                {}, Interazione::Icona::Avviso);
+        return false;
+    }
+    const QString impossibile = QStringLiteral("ATTENZIONE!   Ottimizzazione Impossibile.     La base-dati è occupata "
+                                               "da un'altra applicazione.");
+    QDir().mkpath(m_cartellaLavoro);
+    const QString compatto = QDir(m_cartellaLavoro).filePath(QStringLiteral("compatto.mdb"));
+    const QString vecchio = QDir(m_cartellaLavoro).filePath(QStringLiteral("vecchio.mdb"));
+    rimuoviSilenzioso(compatto);
+    Archivio::chiudiConnessioni(m_percorsoDB);
+    if (!copiaCompattata(m_percorsoDB, compatto)) {
+        m_interazione.messaggio(impossibile, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    rimuoviSilenzioso(vecchio);
+    if (!spostaFile(m_percorsoDB, vecchio)) {
+        rimuoviSilenzioso(compatto);
+        m_interazione.messaggio(impossibile, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    rimuoviGiornale(m_percorsoDB);
+    if (!spostaFile(compatto, m_percorsoDB)) {
+        spostaFile(vecchio, m_percorsoDB);
+        m_interazione.messaggio(impossibile, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    rimuoviSilenzioso(vecchio);
+    m_interazione.messaggio(QStringLiteral("Ottimizzazione conclusa"));
+    return true;
+}
+
+} // namespace tomvera::backup

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "reports/modellostampa.h"
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTableWidget;
+
+namespace tomvera::prezzi {
+
+class SchermoListinoCamere;
+
+// F_ListinoCamere on screen: copies the fields into the logic, forwards the commands, shows the result.
+class ListinoCamereWidget : public QDialog
+{
+    Q_OBJECT
+public:
+    using Stampa = std::function<void(const reports::ModelloStampa&)>;
+
+    ListinoCamereWidget(std::unique_ptr<SchermoListinoCamere> logica, QWidget* genitore = nullptr);
+    ~ListinoCamereWidget() override;
+
+    SchermoListinoCamere& logica() { return *m_logica; }
+    // Where "Stampa Visualizzati" goes: the preview by default.
+    void impostaStampa(Stampa stampa) { m_stampa = std::move(stampa); }
+
+private:
+    void versoLogica();
+    void dallaLogica(bool conGriglia = true);
+    void dopoComando();
+
+    std::unique_ptr<SchermoListinoCamere> m_logica;
+    Stampa m_stampa;
+    QRadioButton* m_prezzoACamera;
+    QRadioButton* m_prezzoAPersona;
+    QLabel* m_tipoListino;
+    QLabel* m_etichettaCodice;
+    QLabel* m_etichettaCodiceRic;
+    QComboBox* m_listino;
+    QComboBox* m_codice;
+    QLineEdit* m_dal;
+    QLineEdit* m_al;
+    QLineEdit* m_prezzo;
+    QLineEdit* m_iva;
+    QLabel* m_etichettaIva;
+    QLineEdit* m_giorni;
+    QComboBox* m_listinoRic;
+    QComboBox* m_codiceRic;
+    QTableWidget* m_griglia;
+    QPushButton* m_ins;
+    QPushButton* m_cancella;
+};
+
+} // namespace tomvera::prezzi

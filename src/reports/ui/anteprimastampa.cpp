@@ -1,0 +1,61 @@
+#include "reports/ui/anteprimastampa.h"
+
+#include "foundation/interazione.h"
+#include "foundation/ui/stampanti.h"
+#include "reports/ui/impaginazione.h"
+
+#include <QAction>
+#include <QDir>
+#include <QPrintPreviewDialog>
+#include <QToolBar>
+
+namespace tomvera::reports {
+
+AnteprimaStampa::AnteprimaStampa(ModelloStampa modello, Interazione& interazione, const StampantiPredefinite& stampanti,
+                                 QWidget* parent)
+    : m_modello(std::move(modello))
+    , m_interazione(interazione)
+    , m_stampante(QPrinter::HighResolution)
+{
+    // Lists go to the forms printer; the system's default when that one isn't installed here.
+    ImpostaStampanteModuli(m_stampante, stampanti);
+    m_dialogo = std::make_unique<QPrintPreviewDialog>(&m_stampante, parent);
+    m_dialogo->setWindowTitle(QStringLiteral("Anteprima di stampa - ") + m_modello.titolo);
+    m_dialogo->resize(900, 1000);
+    QObject::connect(m_dialogo.get(), &QPrintPreviewDialog::paintRequested, m_dialogo.get(),
+                     [this](QPrinter* p) { stampaSuDispositivo(m_modello, *p); });
+    if (auto* barra = m_dialogo->findChild<QToolBar*>()) {
+        barra->addSeparator();
+        QAction* pdf = barra->addAction(QStringLiteral("Salva PDF..."));
+        pdf->setObjectName(QStringLiteral("SalvaPdf"));
+        QObject::connect(pdf, &QAction::triggered, m_dialogo.get(), [this] { salvaPdf(); });
+    }
+}
+
+AnteprimaStampa::~AnteprimaStampa() = default;
+
+int AnteprimaStampa::exec()
+{
+    return m_dialogo->exec();
+}
+
+void AnteprimaStampa::salvaPdf()
+{
+    const auto percorso = m_interazione.scegliFileDaSalvare(
+        QStringLiteral("Salva PDF"), QDir::home().filePath(m_modello.titolo + QStringLiteral(".pdf")),
+        QStringLiteral("Documenti PDF (*.pdf)"));
+    if (!percorso || percorso->isEmpty())
+        return;
+    if (!esportaPdf(m_modello, *percorso))
+        m_interazione.messaggio(QStringLiteral("Attenzione, impossibile scrivere il file ") + *percorso,
+                                QStringLiteral("Attenzione"), Interazione::Icona::Avviso);
+}
+
+void mostraAnteprimaStampa(const ModelloStampa& modello, Interazione& interazione,
+                           const StampantiPredefinite& stampanti, QWidget* parent)
+{
+    AnteprimaStampa anteprima(modello, interazione, stampanti, parent);
+    anteprima.exec();
+}
+
+} // namespace tomvera::reports

@@ -1,0 +1,194 @@
+#pragma once
+
+#include "reservations/prenotazione.h"
+#include "rooms/tabelloneregole.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace tomvera {
+
+class Archivio;
+class Interazione;
+struct Sessione;
+
+// The extras entry line: the fields above RigheArt.
+struct InserimentoAccessorio
+{
+    QString Data, Tipo, Descrizione, Qta, PrezzoUnitario, Prezzo, Iva, NroCamera;
+    qint64 IndiceAccessorio = 0;
+    int IndiceRiga = 0; // position of a line taken back for correction, 0 otherwise
+};
+
+// Which commands the logged-in user may use on this screen.
+struct AbilitazioniPrenotazione
+{
+    bool Registra = true, Cancella = true, Command4 = true, Command10 = true, Command6 = true;
+    bool Command2 = true; // documents
+    bool Command11 = true; // the board
+};
+
+// F_Prenotazione, "Scheda di Prenotazione": a whole reservation held as values (header fields as typed, the
+// room list, the extras, the guests) and written by Registra_Click in one transaction.
+class SchedaPrenotazione
+{
+public:
+    SchedaPrenotazione(Sessione& sessione, Archivio& archivio);
+
+    // Opening: rooms from the board (CamereDaPrenotare) and/or a stored reservation (IndicePrenotazioneDaAprire).
+    void Form_Load(qint64 IndicePrenotazioneDaAprire = 0, const QList<CameraSelezionata>& CamereDaPrenotare = {});
+    // Run by the screen on activation: the totals of a saved reservation from the archive.
+    void Form_Activate();
+
+    // Header as typed.
+    qint64 Indice = 0;
+    QString NumeroPrenotazione, DataPrenotazione, NotePrenotazione;
+    QString ListinoCamere, ListinoTrattamenti;
+    QString Stato, Abbuono = QStringLiteral("0,00");
+    QString RiferimentoDoc, RiferimentoData, RiferimentoNumero;
+    QString CodiceTourOperator, TourOperator, CodiceAzienda;
+    bool Saldato = false, PrezziACamera = true, PrezziAPersona = false, PrenotazioneChiusa = false;
+    // Totals as shown.
+    QString TotaleAcconto = QStringLiteral("0,00"), Totale = QStringLiteral("0,00");
+    double TotaleCamerePrenotate() const;
+    double TotalePrezzoTrattamento() const;
+
+    // Set by the callers that save without any dialogue (merging of reservations, tour operators).
+    bool SalvataggioSilenzioso = false;
+    // Set by save and delete: the board reloads on its next activation.
+    bool AggiornaPlanning = false;
+    bool modificato() const { return m_modificato; }
+    void segnaModificato() { m_modificato = true; }
+    bool salvato() const { return m_salvato; }
+    bool nuova() const { return Indice == 0; }
+
+    // Room list and its entry line.
+    QList<RigaCamera> GrigliaCamerePrenotate;
+    QString NC, CodiceTipologia, Arrivo, Partenza, PrezzoCamera, IvaCamera;
+    int IndiceRigaCamere = 0;
+    void Command7_Click();
+    void GrigliaCamerePrenotate_DblClick(int riga); // 0-based
+    void GrigliaCamerePrenotate_Escape();
+    // Leaving NC, the type, Arrivo or Partenza in the per-room mode.
+    void TrovaPrezzoCamera();
+    void NC_LostFocus(); // also fills the type from the room
+    QString Label10; // the warning of an incomplete price list, empty when hidden
+    void AggiornaPrezzi_Click();
+    void ListinoCamere_Click(const QString& listino);
+    void PrezziACamera_Click();
+    void PrezziAPersona_Click();
+    void ListinoTrattamenti_Click(const QString& listino);
+
+    // Commands of the header.
+    bool Registra_Click();
+    bool Cancella_Click(); // true: the screen closes
+    bool Fine_Click(); // true: the screen may close
+    void Avanti_Click();
+    void Indietro_Click();
+    void PrenotazioneChiusa_Click(bool spuntata);
+    void Saldato_Click(bool spuntato)
+    {
+        Saldato = spuntato;
+        m_modificato = true;
+    }
+    // False (after the message) on a reservation not yet saved: the deposits need its Indice.
+    bool Command6_Click();
+    AbilitazioniPrenotazione SettaPermessiUtente() const;
+
+    // Choosers.
+    QStringList CaricaStato();
+    QStringList sceltaListiniCamere();
+    QStringList sceltaListiniTrattamenti();
+    QStringList sceltaTipologie();
+    QStringList sceltaCamere(); // CaricaComboCamereAssociate: the rooms of the list
+
+    // Guests (the tab "DATI CLIENTI").
+    QList<OspitePrenotazione> GrigliaAnagrafiche;
+    OspitePrenotazione Cliente; // the entry line, by field name (Comune is the field "Citta")
+    bool Maschio = true, Femmina = false, NonModificareDatiCliente = false;
+    int RigaClienteSelezionato = 0; // 1-based, 0: new
+    QString NumeroPersone = QStringLiteral("N° Persone: 0");
+    bool InserisciUltimiDatiInseritiVisibile = false;
+    void Command4_Click();
+    void Command10_Click();
+    void Command1_Click(); // PulisciCampiCliente
+    void Command13_Click();
+    void CancellaNroArrivo_Click();
+    int CalcolaNroArrivo();
+    // A hit means the number is taken this year: the field shows the warning colour, nothing is refused.
+    bool ControllaEsistenzaNroArrivo();
+    void Arrivato_MouseUp(bool spuntato);
+    void CalcolaTrattamento();
+    void TipoTrattamento_Click(const QString& tipo);
+    void TipoDiAlloggiato_Click(const QString& tipo);
+    void SelezioneNormaleCliente(int riga); // 0-based
+    void NroCameraCliente_Click(const QString& camera);
+    void InserisciUltimiDatiInseriti_Click();
+    // Loads a card of the registry into the entry line.
+    bool CaricaDatiCliente(qint64 indiceCliente);
+    // Look-ahead on the name fields, as on the guest card: up to 99 cards at and after the text.
+    struct PropostaCliente
+    {
+        QString testo;
+        qint64 indice = 0;
+    };
+    QList<PropostaCliente> proposteCliente(const QString& campo, const QString& testo);
+    QStringList capiDisponibili() const; // CaricaCapoGruppoFamiglia for the entry line's type
+
+    // Extras and totals.
+    const QList<RigaAccessorio>& accessori() const { return m_accessori; }
+    QString TipoSel; // narrows the list shown, never the list saved
+    QList<int> RigheArt() const; // positions in accessori() of the rows shown
+    InserimentoAccessorio Accessorio;
+    void Ins_Click();
+    void Qta_Change(); // also on a change of PrezzoUnitario: Prezzo is their product
+    void RigheArt_DblClick(int riga); // row of RigheArt()
+    void RigheArt_Escape();
+    void CalcolaTotale_Click();
+    void calcolatotali();
+    void Abbuono_Change(const QString& testo);
+    QStringList sceltaTipoAccessorio();
+    QStringList sceltaTipoSel();
+    struct VoceListino
+    {
+        qint64 indice = 0;
+        QString descrizione;
+    };
+    QList<VoceListino> proposteDescrizione(const QString& testo);
+    void Descrizione_Click(qint64 indiceAccessorio);
+
+    Interazione& interazione();
+
+private:
+    void PulisciCampi();
+    void AggiornaPrenotazione_Click();
+    void CaricaPrenotazione();
+    bool ControllaEsistenzaNumeroPrenotazione();
+    bool ControllaCampi();
+    bool TrovataIntersezione();
+    void rinumeraCamere();
+    void dopoInserimentoCamera();
+    void AggiornaPrezziCamere();
+    void SettaListinoPrezzi();
+    void leggiVariabili();
+    void vaiA(const QString& sql, const QVariantList& parametri);
+    bool AggiungiCliente();
+    void CalcolaTotalePrezzoTrattamentoGrigliaAnagrafiche();
+    void PulisciCampiAccessori();
+    void applicaCheckInSky(QList<RigaCamera>& camere);
+    QString codiceTipoAlloggiato(const QString& tipo);
+    bool multiAzienda() const;
+    double valoreIvaPrenotazioni() const;
+
+    Sessione& m_sessione;
+    Archivio& m_archivio;
+    ArchivioPrenotazioni m_prenotazioni;
+    QList<RigaAccessorio> m_accessori;
+    OspitePrenotazione m_ultimoIndirizzo;
+    QString m_tipoTrattamentoRicordato, m_tipoAlloggiatoRicordato;
+    bool m_modificato = false;
+    bool m_salvato = false;
+};
+
+} // namespace tomvera

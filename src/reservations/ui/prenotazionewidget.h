@@ -1,0 +1,98 @@
+#pragma once
+
+#include <QDialog>
+#include <QHash>
+#include <functional>
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+class QTableWidget;
+
+namespace tomvera {
+
+class SchedaPrenotazione;
+
+// F_Prenotazione, "Scheda di Prenotazione": copies the reservation in and out of the logic class and forwards
+// the commands. Three tabs: the rooms, the guests ("DATI CLIENTI"), the extras.
+class PrenotazioneWidget : public QDialog
+{
+    Q_OBJECT
+public:
+    explicit PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logica, QWidget* genitore = nullptr);
+    ~PrenotazioneWidget() override;
+
+    SchedaPrenotazione& logica() { return *m_logica; }
+    // Logic -> controls, after a change made from outside (a room added from the board).
+    void aggiorna();
+    QTabWidget* schede() const { return m_schede; }
+
+signals:
+    void apriAcconti(qint64 indicePrenotazione); // Command6
+    void aggiungiCamera(); // AggiungiCamera: the board in selection mode
+    void tornaAlPlanning(); // Command11
+
+protected:
+    void reject() override; // Escape and the close box go through Fine_Click
+    void showEvent(QShowEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+private:
+    QWidget* creaSchedaCamere();
+    QWidget* creaSchedaClienti();
+    QWidget* creaSchedaAccessori();
+    QLineEdit* campoCliente(const QString& nome, QWidget* genitore);
+    void leggi();
+    void leggiClienti();
+    void leggiAccessori();
+    void aggiornaCamere();
+    void aggiornaClienti();
+    void aggiornaAccessori();
+    void aggiornaIntestazione();
+    void comando(const std::function<void()>& azione);
+    void applicaPermessi();
+
+    std::unique_ptr<SchedaPrenotazione> m_logica;
+    bool m_aggiornando = false;
+    QTabWidget* m_schede = nullptr;
+
+    // Header.
+    QLineEdit *m_numero, *m_data, *m_codiceAzienda;
+    QComboBox *m_stato, *m_listinoCamere, *m_listinoTrattamenti;
+    QCheckBox *m_saldato, *m_chiusa;
+    QRadioButton *m_aCamera, *m_aPersona;
+    QPlainTextEdit* m_note;
+    QLabel *m_totale, *m_totaleAcconto;
+    QLineEdit* m_abbuono;
+    QPushButton *m_registra, *m_cancella, *m_acconti, *m_planning, *m_documento;
+
+    // Rooms.
+    QLineEdit *m_nc, *m_arrivo, *m_partenza, *m_prezzoCamera, *m_ivaCamera;
+    QComboBox* m_codiceTipologia;
+    QLabel* m_label10;
+    QTableWidget* m_camere;
+    QPushButton* m_aggiornaPrezzi;
+
+    // Guests.
+    QHash<QString, QLineEdit*> m_campiCliente;
+    QComboBox *m_nroCameraCliente, *m_tipoTrattamento, *m_tipoAlloggiato, *m_capoGruppo;
+    QComboBox *m_tipoTurismo, *m_mezzoTrasporto;
+    QLabel *m_etichettaCapo, *m_numeroPersone;
+    QRadioButton *m_maschio, *m_femmina;
+    QCheckBox *m_arrivato, *m_intestatario, *m_nonModificare;
+    QTableWidget* m_clienti;
+    QPushButton *m_inserisciCliente, *m_rimuoviCliente, *m_ultimiDati;
+
+    // Extras.
+    QLineEdit *m_dataArt, *m_qta, *m_prezzoUnitario, *m_prezzoArt, *m_ivaArt;
+    QComboBox *m_tipoArt, *m_descrizioneArt, *m_nroCameraArt, *m_tipoSel;
+    QTableWidget* m_righeArt;
+};
+
+} // namespace tomvera

@@ -1,0 +1,339 @@
+#include "bancotabellone.h"
+#include "foundation/avvio/avvio.h"
+#include "foundation/ui/finestraavvio.h"
+#include "rooms/tabellone.h"
+#include "rooms/ui/finestrecatalogo.h"
+#include "rooms/ui/pannellotabellone.h"
+#include "rooms/ui/strisciagiorni.h"
+#include "rooms/ui/tabelloneavvio.h"
+#include "rooms/ui/vistatabellone.h"
+#include "testmain.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QToolButton>
+
+using namespace tomvera;
+using test::giugno;
+
+namespace {
+
+// Screenshots go where TOMVERA_SCREENSHOTS points (docs/screenshots when run by hand); nowhere otherwise.
+void fotografa(QWidget& w, const QString& nome)
+{
+    const QString cartella = qEnvironmentVariable("TOMVERA_SCREENSHOTS");
+    if (cartella.isEmpty())
+        return;
+    QDir().mkpath(cartella);
+    QVERIFY(w.grab().save(cartella + QLatin1Char('/') + nome + QStringLiteral(".png")));
+}
+
+QPoint centro(VistaTabellone& vista, int numero)
+{
+    return vista.riquadroTessera(numero).center().toPoint();
+}
+
+} // namespace
+
+class TestPannelloTabellone : public QObject
+{
+    Q_OBJECT
+private slots:
+    void clickETemporizzatori();
+    void selezioneMultiplaEStriscia();
+};
+
+void TestPannelloTabellone::clickETemporizzatori()
+{
+    test::BancoTabellone b(2, 3);
+    QVERIFY(b.tipologia(QStringLiteral("DOP"), 2, coloreDaRgb(52, 152, 219)));
+    QVERIFY(b.camera(QStringLiteral("101"), 1, 0, 0, QStringLiteral("DOP")));
+    QVERIFY(b.camera(QStringLiteral("102"), 1, 2, 1, QStringLiteral("DOP")));
+    b.soggiorno(QStringLiteral("102"), giugno(10), giugno(12), { QStringLiteral("Rossi") });
+    Tabellone logica(b.sessione);
+    logica.Form_Load();
+    logica.NroPiano = 1;
+    PannelloTabellone pannello(logica);
+    pannello.resize(900, 600);
+    pannello.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pannello));
+    logica.Aggiorna_Click();
+    QCOMPARE(pannello.findChild<QLabel*>(QStringLiteral("CamereDisponibili"))->text(),
+             QStringLiteral("Camere Disponibili: 1"));
+    QCOMPARE(pannello.findChild<QLabel*>(QStringLiteral("PersonePresenti"))->text(),
+             QStringLiteral("Persone Presenti: 1"));
+
+    std::optional<RichiestaPrenotazione> richiesta;
+    logica.apriPrenotazione = [&](const RichiestaPrenotazione& r) { richiesta = r; };
+    VistaTabellone& vista = *pannello.vista();
+    QCOMPARE(vista.tesseraIn(centro(vista, 2)), 2);
+    QCOMPARE(vista.tesseraIn(QPointF(1, 1)), 0);
+    QTest::mouseClick(&vista, Qt::LeftButton, {}, centro(vista, 1));
+    QVERIFY(richiesta);
+    QCOMPARE(richiesta->camere.first().NroCamera, QStringLiteral("101"));
+    QCOMPARE(logica.tesseraSegnata(), 1);
+    QTest::mouseClick(&vista, Qt::LeftButton, {}, centro(vista, 2));
+    QCOMPARE(richiesta->tipo, RichiestaPrenotazione::Tipo::Esistente);
+
+    // Three arrow clicks, one refresh.
+    const int prima = logica.refreshEseguiti;
+    for (int i = 0; i < 3; ++i)
+        QTest::mouseClick(pannello.findChild<QToolButton*>(QStringLiteral("PiuPartenza")), Qt::LeftButton);
+    QCOMPARE(pannello.findChild<QDateEdit*>(QStringLiteral("Al"))->date(), giugno(14));
+    QCOMPARE(logica.refreshEseguiti, prima);
+    QTRY_COMPARE_WITH_TIMEOUT(logica.refreshEseguiti, prima + 1, 3000);
+
+    // Typing a date that reaches the other moves it.
+    pannello.findChild<QDateEdit*>(QStringLiteral("Dal"))->setDate(giugno(20));
+    QCOMPARE(logica.Al, giugno(21));
+    QCOMPARE(pannello.findChild<QDateEdit*>(QStringLiteral("Al"))->date(), giugno(21));
+    QTRY_COMPARE_WITH_TIMEOUT(logica.refreshEseguiti, prima + 2, 3000);
+    QTest::mouseClick(pannello.findChild<QPushButton*>(QStringLiteral("Command6")), Qt::LeftButton);
+    QCOMPARE(logica.Dal, giugno(10));
+    QVERIFY(!vista.grab().isNull());
+}
+
+void TestPannelloTabellone::selezioneMultiplaEStriscia()
+{
+    test::BancoTabellone b(1, 4);
+    for (int i = 0; i < 4; ++i)
+        QVERIFY(b.camera(QString::number(101 + i), 1, i, 0));
+    b.soggiorno(QStringLiteral("101"), giugno(11), giugno(13));
+    Tabellone logica(b.sessione);
+    logica.Form_Load();
+    logica.NroPiano = 1;
+    PannelloTabellone pannello(logica);
+    pannello.resize(900, 500);
+    pannello.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pannello));
+    logica.Aggiorna_Click();
+
+    auto* multipla = pannello.findChild<QPushButton*>(QStringLiteral("PrenotazioneMultipla"));
+    auto* frame = pannello.findChild<QWidget*>(QStringLiteral("FramePrenotazioneMultipla"));
+    QVERIFY(!frame->isVisible());
+    QTest::mouseClick(multipla, Qt::LeftButton);
+    QVERIFY(frame->isVisible());
+    auto* prenota = pannello.findChild<QPushButton*>(QStringLiteral("Prenotazione"));
+    QVERIFY(!prenota->isEnabled());
+    VistaTabellone& vista = *pannello.vista();
+    QTest::mouseClick(&vista, Qt::LeftButton, {}, centro(vista, 2));
+    QTest::mouseClick(&vista, Qt::LeftButton, {}, centro(vista, 3));
+    auto* griglia = pannello.findChild<QTableWidget*>(QStringLiteral("Griglia"));
+    QCOMPARE(griglia->rowCount(), 2);
+    QCOMPARE(griglia->item(1, 0)->text(), QStringLiteral("103"));
+    QCOMPARE(griglia->item(1, 1)->text(), QStringLiteral("10/06/2026"));
+    QVERIFY(prenota->isEnabled());
+
+    // The strip: two clicks on days choose the period.
+    pannello.findChild<QCheckBox*>(QStringLiteral("MostraCalendario"))->setChecked(true);
+    StrisciaGiorni& striscia = *pannello.striscia();
+    QVERIFY(striscia.isVisible());
+    QVERIFY(logica.Striscia.size() > 10);
+    const double giorno = static_cast<double>(striscia.width()) / logica.Striscia.size();
+    QTest::mouseClick(&striscia, Qt::LeftButton, {}, QPoint(static_cast<int>(giorno * 2.5), 40));
+    QVERIFY(pannello.findChild<QLabel*>(QStringLiteral("SelezionaAl"))->isVisible());
+    QTest::mouseClick(&striscia, Qt::LeftButton, {}, QPoint(static_cast<int>(giorno * 5.5), 40));
+    QCOMPARE(logica.Dal, giugno(10));
+    QCOMPARE(logica.Al, giugno(13));
+    QVERIFY(!pannello.findChild<QLabel*>(QStringLiteral("SelezionaAl"))->isVisible());
+}
+
+TOMVERA_TEST(TestPannelloTabellone)
+
+// The board inside the main window: menus, rights, beach switch, add-room mode.
+class TestTabelloneAvvio : public QObject
+{
+    Q_OBJECT
+private slots:
+    void dirittiEMenu();
+};
+
+void TestTabelloneAvvio::dirittiEMenu()
+{
+    test::BancoTabellone b;
+    QVERIFY(b.camera(QStringLiteral("101"), 1, 0, 0));
+    b.sessione.permessi->amministratore = false;
+    b.sessione.permessi->Spiaggia = true;
+    Avvio avvio(b.sessione);
+    FinestraAvvio finestra(avvio);
+    TabelloneAvvio tabellone(finestra, b.sessione);
+    finestra.registraComando(QStringLiteral("CSpiaggia"), [] {});
+    finestra.registraComando(QStringLiteral("mListinoSpiaggia"), [] {});
+    finestra.SettaPermessiUtente();
+    tabellone.applicaAllaFinestra();
+
+    // Configuration is the administrator's: hidden with its menu for anyone else.
+    QVERIFY(!finestra.findChild<QMenu*>(QStringLiteral("mConfigurazioni"))->menuAction()->isVisible());
+    QVERIFY(finestra.azione(QStringLiteral("M_Moderno"))->isVisible());
+    // Beach management off: its button stays hidden even with the right.
+    QVERIFY(!finestra.pulsante(QStringLiteral("CSpiaggia"))->isVisibleTo(&finestra));
+    finestra.azione(QStringLiteral("AbilitaGestioneSpiaggia"))->trigger();
+    QVERIFY(finestra.pulsante(QStringLiteral("CSpiaggia"))->isVisibleTo(&finestra));
+    QVERIFY(finestra.azione(QStringLiteral("AbilitaGestioneSpiaggia"))->isChecked());
+    b.sessione.permessi->Spiaggia = false;
+    finestra.SettaPermessiUtente();
+    tabellone.applicaAllaFinestra();
+    QVERIFY(!finestra.pulsante(QStringLiteral("CSpiaggia"))->isVisibleTo(&finestra));
+
+    finestra.azione(QStringLiteral("M_Simbolo"))->trigger();
+    QCOMPARE(tabellone.logica().grafica(), Grafica::Simbolo);
+    QVERIFY(finestra.azione(QStringLiteral("M_Simbolo"))->isChecked());
+    QVERIFY(!finestra.azione(QStringLiteral("M_Moderno"))->isChecked());
+
+    // While a room is added to an open reservation the window's menus rest.
+    tabellone.logica().AbilitaDisabilita(QStringLiteral("abilita aggiuntacamere"));
+    QVERIFY(!finestra.findChild<QMenu*>(QStringLiteral("mFile"))->menuAction()->isEnabled());
+    QVERIFY(!finestra.pulsante(QStringLiteral("Menu"))->isEnabled());
+    QVERIFY(finestra.findChild<QWidget*>(QStringLiteral("FrameAggiungiCamera"))->isVisibleTo(&finestra));
+    QTest::mouseClick(finestra.findChild<QPushButton*>(QStringLiteral("Command13")), Qt::LeftButton);
+    QVERIFY(finestra.findChild<QMenu*>(QStringLiteral("mFile"))->menuAction()->isEnabled());
+
+    b.sessione.permessi->amministratore = true;
+    finestra.SettaPermessiUtente();
+    QVERIFY(finestra.azione(QStringLiteral("mConfigurazioniCamere"))->isVisible());
+    QVERIFY(finestra.findChild<QMenu*>(QStringLiteral("mConfigurazioni"))->menuAction()->isVisible());
+}
+
+TOMVERA_TEST(TestTabelloneAvvio)
+
+// A new hotel set up through the screens' logic: 4 types, 3 floors of 10 rooms, then the board.
+class TestNuovoAlbergo : public QObject
+{
+    Q_OBJECT
+private slots:
+    void configuraEGuarda();
+};
+
+void TestNuovoAlbergo::configuraEGuarda()
+{
+    test::BancoTabellone b(3, 5);
+    b.sessione.configurazione->Righe = 0; // a new archive: the size is chosen on the screen
+    b.sessione.configurazione->Colonne = 0;
+    {
+        FinestraTipologieCamere tipologie(b.sessione);
+        F_TipologiaCamere& f = tipologie.logica();
+        const struct
+        {
+            const char* codice;
+            int persone;
+            const char* nome;
+            QColor colore;
+        } tipi[] = { { "SIN", 1, "Singola", QColor(0x5d, 0xad, 0xe2) },
+                     { "DOP", 2, "Doppia", QColor(0x58, 0xd6, 0x8d) },
+                     { "TRI", 3, "Tripla", QColor(0xf5, 0xb0, 0x41) },
+                     { "SUI", 4, "Suite", QColor(0xaf, 0x7a, 0xc5) } };
+        for (const auto& t : tipi) {
+            f.CodiceTipologia = QString::fromLatin1(t.codice);
+            f.NroPersone = QString::number(t.persone);
+            f.NomeTipologia = QString::fromLatin1(t.nome);
+            f.Colore = coloreDaRgb(t.colore.red(), t.colore.green(), t.colore.blue());
+            QVERIFY(f.Registra_Click());
+        }
+        f.Griglia_DblClick(1);
+        tipologie.caricaDaLogica();
+        tipologie.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&tipologie));
+        fotografa(tipologie, QStringLiteral("tipologie_camere"));
+    }
+    {
+        FinestraConfiguraGriglia configura(b.sessione);
+        F_ConfiguraGriglia& f = configura.logica();
+        QVERIFY(f.Command22_Click(QStringLiteral("2"), QStringLiteral("5")));
+        const char* codiciPiano[] = { "SIN", "DOP", "DOP", "TRI", "SUI", "DOP", "DOP", "TRI", "SIN", "DOP" };
+        for (int piano = 1; piano <= 3; ++piano) {
+            f.cambiaPiano(piano);
+            for (int i = 0; i < 10; ++i) {
+                f.GrigliaTipologie_Click(
+                    static_cast<int>(std::find_if(f.GrigliaTipologie.cbegin(), f.GrigliaTipologie.cend(),
+                                                  [&](const TipologiaCamera& t) {
+                                                      return t.CodiceTipologia == QString::fromLatin1(codiciPiano[i]);
+                                                  })
+                                     - f.GrigliaTipologie.cbegin()));
+                f.Cella_Click(i / 5, i % 5);
+                f.impostaTestoCella(i / 5, i % 5, QString::number(piano * 100 + i + 1));
+            }
+            b.interazione().rispondiSi(QStringLiteral("Salvare la configurazione delle Camere?"));
+            QVERIFY(f.Registra_Click());
+        }
+        f.GrigliaTipologie_Click(0);
+        configura.caricaDaLogica();
+        configura.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&configura));
+        fotografa(configura, QStringLiteral("configurazione_camere"));
+    }
+    QCOMPARE(b.archivio().valore(QStringLiteral("SELECT count(*) FROM TabellaStrutturaCamere")).toInt(), 30);
+    QVERIFY(b.interazione().errore().isEmpty());
+
+    // Guests of a normal June day.
+    const QString nomi[] = { QStringLiteral("Rossi Mario"), QStringLiteral("Bianchi Anna"),
+                             QStringLiteral("Esposito Luca"), QStringLiteral("Romano Giulia") };
+    b.soggiorno(QStringLiteral("101"), giugno(8), giugno(12), { nomi[0] });
+    b.soggiorno(QStringLiteral("102"), giugno(10), giugno(11), { nomi[1], nomi[2] });
+    b.soggiorno(QStringLiteral("104"), giugno(9), giugno(14), { nomi[3] });
+    b.soggiorno(QStringLiteral("105"), giugno(10), giugno(11));
+    b.soggiorno(QStringLiteral("105"), giugno(7), giugno(12));
+    b.soggiorno(QStringLiteral("107"), giugno(12), giugno(15));
+    b.soggiorno(QStringLiteral("203"), giugno(10), giugno(17), { nomi[0], nomi[1] });
+    b.soggiorno(QStringLiteral("301"), giugno(5), giugno(11));
+
+    Tabellone logica(b.sessione);
+    logica.Form_Load();
+    QCOMPARE(logica.NroPiano, 1);
+    PannelloTabellone pannello(logica);
+    pannello.resize(1180, 760);
+    pannello.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pannello));
+    logica.Aggiorna_Click();
+    QCOMPARE(logica.tessere().size(), size_t(10));
+    QCOMPARE(logica.CamereDisponibili, QStringLiteral("Camere Disponibili: 24"));
+    QCOMPARE(logica.tesseraDiCamera(QStringLiteral("105"))->stato, StatoCamera::PiuPrenotazioni);
+    QCOMPARE(logica.tesseraDiCamera(QStringLiteral("102"))->personePresenti, 2);
+    logica.tessera_Click(logica.tesseraDiCamera(QStringLiteral("104"))->numero);
+    logica.InformazioniCamera_Click(true);
+    logica.Camera_MouseMove(logica.tesseraDiCamera(QStringLiteral("102"))->numero);
+    fotografa(pannello, QStringLiteral("tabellone_moderno"));
+    logica.InformazioniCamera_Click(false);
+
+    logica.M_Classico_Click();
+    fotografa(pannello, QStringLiteral("tabellone_classico"));
+    logica.M_Simbolo_Click();
+    fotografa(pannello, QStringLiteral("tabellone_simboli"));
+    logica.M_Moderno_Click();
+
+    logica.UpDown1_Click(true);
+    QCOMPARE(logica.NroPiano, 2);
+    QCOMPARE(logica.tesseraSegnata(), 0);
+    logica.tessera_Click(logica.tesseraDiCamera(QStringLiteral("203"))->numero);
+    logica.MostraCalendario_Click(true);
+    logica.PiuArrivo_Click();
+    logica.PiuPartenza_Click();
+    QTRY_VERIFY_WITH_TIMEOUT(!logica.TimerAggiorna.isActive(), 3000);
+    QCOMPARE(logica.Dal, giugno(11));
+    QCOMPARE(logica.Al, giugno(13));
+    QCOMPARE(logica.tesseraDiCamera(QStringLiteral("203"))->stato, StatoCamera::Occupata);
+    fotografa(pannello, QStringLiteral("tabellone_calendario"));
+
+    // The same hotel in the main window, as the desk sees it after logging in.
+    Avvio avvio(b.sessione);
+    FinestraAvvio finestra(avvio);
+    TabelloneAvvio collegato(finestra, b.sessione);
+    finestra.setWindowTitle(QStringLiteral("Tomvera"));
+    finestra.resize(1366, 768);
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&finestra));
+    QTRY_VERIFY_WITH_TIMEOUT(collegato.logica().refreshEseguiti > 0, 3000);
+    QCOMPARE(collegato.logica().NroPiano, 2); // the floor chosen last time
+    QVERIFY(finestra.windowTitle().startsWith(QStringLiteral("Tomvera        (Refresh: ")));
+    fotografa(finestra, QStringLiteral("avvio_tabellone"));
+}
+
+TOMVERA_TEST(TestNuovoAlbergo)
+
+#include "test_tabellone_ui.moc"
