@@ -13,9 +13,7 @@
 #include <QRandomGenerator>
 #include <QSqlQuery>
 #include <QTemporaryDir>
-
 #include <benchmark/benchmark.h>
-
 #include <cstdio>
 #include <cstdlib>
 
@@ -77,12 +75,14 @@ struct ArchivioGrande
         testata.prepare(QStringLiteral("INSERT INTO TabellaPrenotazioni (Indice, NumeroPrenotazione, DataPrenotazione,"
                                        " PrenotazioneChiusa) VALUES (?, ?, ?, ?)"));
         QSqlQuery movimento(db);
-        movimento.prepare(QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, NroCamera,"
-                                         " Dal, Al, PrenotazioneChiusa, Avere) VALUES (?, 'PrenotazioneCamera', ?, ?, ?, ?, 300)"));
+        movimento.prepare(
+            QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, NroCamera,"
+                           " Dal, Al, PrenotazioneChiusa, Avere) VALUES (?, 'PrenotazioneCamera', ?, ?, ?, ?, 300)"));
         QSqlQuery ospite(db);
-        ospite.prepare(QStringLiteral("INSERT INTO TabellaAnagraficheAssociatePrenotazioni (IndicePrenotazioneAssociata,"
-                                      " NroCameraCliente, DataArrivo, DataPartenza, Arrivato, RagSociale)"
-                                      " VALUES (?, ?, ?, ?, ?, 'Ospite')"));
+        ospite.prepare(
+            QStringLiteral("INSERT INTO TabellaAnagraficheAssociatePrenotazioni (IndicePrenotazioneAssociata,"
+                           " NroCameraCliente, DataArrivo, DataPartenza, Arrivato, RagSociale)"
+                           " VALUES (?, ?, ?, ?, ?, 'Ospite')"));
         // Each room gets consecutive stays from 2017 on, with a gap of a few days now and then.
         const int perCamera = soggiorni / camere;
         qint64 indice = 0;
@@ -110,7 +110,8 @@ struct ArchivioGrande
                     ospite.addBindValue(nro);
                     ospite.addBindValue(dataArchivio(dal));
                     // Now and then a guest is saved without a departure.
-                    ospite.addBindValue(caso.bounded(200) == 0 ? QVariant(QMetaType(QMetaType::QString)) : QVariant(dataArchivio(al)));
+                    ospite.addBindValue(caso.bounded(200) == 0 ? QVariant(QMetaType(QMetaType::QString))
+                                                               : QVariant(dataArchivio(al)));
                     ospite.addBindValue(dal <= oggi ? 1 : 0);
                     ospite.exec();
                 }

@@ -102,6 +102,7 @@ void collegaComandi(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessione)
     collegaManutenzione(finestra, avvio, sessione);
     collegaConfigurazioni(finestra, avvio, sessione);
     collegaInformazioni(finestra, sessione);
+    collegaArchivi(finestra, sessione);
     // The planning board fills the central area; the window owns it.
     new TabelloneAvvio(finestra, sessione);
 }

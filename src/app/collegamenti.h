@@ -10,5 +10,7 @@ struct Sessione;
 // Gives every command of the main window what it does, subsystem by subsystem. A command left out here stays
 // hidden on the window. The planning board and the other subsystems add their lines here.
 void collegaComandi(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessione);
+// Guest card, code tables and price lists.
+void collegaArchivi(FinestraAvvio& finestra, Sessione& sessione);
 
 } // namespace tomvera

@@ -1,10 +1,10 @@
-#include "comandi.h"
+#include "rooms/disponibilita.h"
 
+#include "comandi.h"
 #include "foundation/archivio.h"
 #include "foundation/formati.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/definizione.h"
-#include "rooms/disponibilita.h"
 
 namespace tomvera::cli {
 
@@ -22,10 +22,10 @@ std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString&
 
 int comandoDisponibilita(const Argomenti& argomenti, Console& console)
 {
-    const QStringList noti{QStringLiteral("archivio"), QStringLiteral("camera"), QStringLiteral("articolo"),
-                           QStringLiteral("numero"),   QStringLiteral("sala"),   QStringLiteral("daora"),
-                           QStringLiteral("aora"),     QStringLiteral("dal"),    QStringLiteral("al"),
-                           QStringLiteral("escludi")};
+    const QStringList noti { QStringLiteral("archivio"), QStringLiteral("camera"), QStringLiteral("articolo"),
+                             QStringLiteral("numero"),   QStringLiteral("sala"),   QStringLiteral("daora"),
+                             QStringLiteral("aora"),     QStringLiteral("dal"),    QStringLiteral("al"),
+                             QStringLiteral("escludi") };
     if (const QStringList fuori = argomenti.sconosciuti(noti); !fuori.isEmpty())
         return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
     if (!argomenti.posizionali().isEmpty())
@@ -42,7 +42,9 @@ int comandoDisponibilita(const Argomenti& argomenti, Console& console)
         return console.errore(QStringLiteral("Indicare una sola risorsa: --camera N, --articolo CODICE --numero N"
                                              " oppure --sala CODICE --daora HH.MM --aora HH.MM"));
 
-    const QString nomeRisorsa = camera ? QStringLiteral("camera") : articolo ? QStringLiteral("articolo") : QStringLiteral("sala");
+    const QString nomeRisorsa = camera ? QStringLiteral("camera")
+        : articolo                     ? QStringLiteral("articolo")
+                                       : QStringLiteral("sala");
     const auto codice = testoRichiesto(argomenti, nomeRisorsa);
     if (!codice)
         return console.errore(QStringLiteral("Indicare un valore per --") + nomeRisorsa);
@@ -59,7 +61,7 @@ int comandoDisponibilita(const Argomenti& argomenti, Console& console)
         aOra = testoRichiesto(argomenti, QStringLiteral("aora"));
         if (!daOra || !aOra)
             return console.errore(QStringLiteral("Indicare le ore con --daora HH.MM e --aora HH.MM"));
-        for (const QString& ora : {*daOra, *aOra}) {
+        for (const QString& ora : { *daOra, *aOra }) {
             if (!leggiOra(ora))
                 return console.errore(QStringLiteral("Ora non valida (formato HH.MM): ") + ora);
         }
@@ -70,11 +72,12 @@ int comandoDisponibilita(const Argomenti& argomenti, Console& console)
         return console.errore(QStringLiteral("Il numero --numero vale solo per gli articoli della spiaggia"));
 
     QDate date[2];
-    const QString nomiDate[2] = {QStringLiteral("dal"), QStringLiteral("al")};
+    const QString nomiDate[2] = { QStringLiteral("dal"), QStringLiteral("al") };
     for (int i = 0; i < 2; ++i) {
         const auto testo = testoRichiesto(argomenti, nomiDate[i]);
         if (!testo)
-            return console.errore(QStringLiteral("Indicare la data con --") + nomiDate[i] + QStringLiteral(" GG/MM/AAAA"));
+            return console.errore(QStringLiteral("Indicare la data con --") + nomiDate[i]
+                                  + QStringLiteral(" GG/MM/AAAA"));
         const auto data = leggiData(*testo);
         if (!data || !data->isValid())
             return console.errore(QStringLiteral("Data non valida: ") + *testo);

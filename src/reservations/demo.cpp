@@ -6,6 +6,7 @@
 #include <QSqlQuery>
 
 #include <array>
+#include <cmath>
 #include <random>
 
 namespace tomvera {
@@ -216,7 +217,8 @@ bool Generatore::struttura()
     const int camere = qMax(1, m_opzioni.camere);
     const int piani = camere <= 60 ? qMin(3, camere) : (camere + 49) / 50;
     const int perPiano = (camere + piani - 1) / piani;
-    const int colonne = qMin(10, perPiano);
+    // A grid about twice as wide as tall keeps the board's square tiles large.
+    const int colonne = qMin(perPiano, qMax(1, int(std::ceil(std::sqrt(perPiano * 2.0)))));
     const int righe = (perPiano + colonne - 1) / colonne;
 
     if (!m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM Configurazioni")))

@@ -454,6 +454,25 @@ bool SchedaPrenotazione::CaricaDatiCliente(qint64 indiceCliente)
     return true;
 }
 
+bool SchedaPrenotazione::ControllaEsistenzaAnagrafica()
+{
+    if (Cliente.valore(QStringLiteral("IndiceCliente")).toLongLong() > 0)
+        return false;
+    QVariant trovata;
+    if (!Cliente.RagSociale().isEmpty())
+        trovata = m_archivio.valore(QStringLiteral("SELECT Indice FROM TabellaAnagrafiche WHERE RagSociale = ?"),
+                                    { Cliente.RagSociale() });
+    const QString cognome = Cliente.testo(QStringLiteral("Cognome"));
+    const QString nome = Cliente.testo(QStringLiteral("Nome"));
+    if (!trovata.isValid() && !cognome.isEmpty() && !nome.isEmpty())
+        trovata = m_archivio.valore(
+            QStringLiteral("SELECT Indice FROM TabellaAnagrafiche WHERE Cognome = ? AND Nome = ?"), { cognome, nome });
+    if (!trovata.isValid()
+        || !interazione().domandaSiNo(QStringLiteral("Attenzione la scheda cliente già esiste, caricarla?")))
+        return false;
+    return CaricaDatiCliente(trovata.toLongLong());
+}
+
 QList<SchedaPrenotazione::PropostaCliente> SchedaPrenotazione::proposteCliente(const QString& campo,
                                                                                const QString& testo)
 {

@@ -301,7 +301,6 @@ bool SchedaPrenotazione::Registra_Click()
     Indice = p.Indice;
     GrigliaCamerePrenotate.clear();
     AggiornaPrenotazione_Click();
-    CaricaStato();
     Command1_Click();
     m_modificato = false;
     m_salvato = true;
@@ -325,7 +324,6 @@ bool SchedaPrenotazione::Cancella_Click()
         return false;
     if (!m_prenotazioni.elimina(Indice))
         return false;
-    CaricaStato();
     operazioneEffettuata(interazione());
     return true;
 }

@@ -96,7 +96,8 @@ public:
     bool Command6_Click();
     AbilitazioniPrenotazione SettaPermessiUtente() const;
 
-    // Choosers.
+    // Choosers: read when the list is opened, not at every opening of a reservation (some scan the whole
+    // archive).
     QStringList CaricaStato();
     QStringList sceltaListiniCamere();
     QStringList sceltaListiniTrattamenti();
@@ -127,6 +128,9 @@ public:
     void InserisciUltimiDatiInseriti_Click();
     // Loads a card of the registry into the entry line.
     bool CaricaDatiCliente(qint64 indiceCliente);
+    // On leaving the name fields of a guest not taken from the registry: offers to load the card of the same name.
+    // True when loaded.
+    bool ControllaEsistenzaAnagrafica();
     // Look-ahead on the name fields, as on the guest card: up to 99 cards at and after the text.
     struct PropostaCliente
     {
@@ -159,6 +163,7 @@ public:
     void Descrizione_Click(qint64 indiceAccessorio);
 
     Interazione& interazione();
+    bool multiAzienda() const;
 
 private:
     void PulisciCampi();
@@ -178,7 +183,6 @@ private:
     void PulisciCampiAccessori();
     void applicaCheckInSky(QList<RigaCamera>& camere);
     QString codiceTipoAlloggiato(const QString& tipo);
-    bool multiAzienda() const;
     double valoreIvaPrenotazioni() const;
 
     Sessione& m_sessione;

@@ -398,6 +398,14 @@ bool F_ConfiguraGriglia::Registra_Click()
     Interazione& ui = m_sessione.interazione;
     if (!ui.domandaSiNo(QStringLiteral("Salvare la configurazione delle Camere?")))
         return false;
+    // The archive refuses longer texts: say which cell, instead of losing the whole floor to a failed save.
+    for (const CellaStruttura& c : m_celle) {
+        if (c.NroCamera.trimmed().size() > 50 || c.CodiceAzienda.trimmed().size() > 50) {
+            ui.messaggio(QStringLiteral("Attenzione, il numero della camera ") + c.NroCamera.trimmed().left(20)
+                         + QStringLiteral("... supera i 50 caratteri!"));
+            return false;
+        }
+    }
     Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
     if (!archivio.apri())
         return false;

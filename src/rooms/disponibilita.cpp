@@ -25,7 +25,7 @@ QVariantList parametriPeriodo(const QDate& dal, const QDate& al)
 {
     const QString f = dataArchivio(dal);
     const QString t = dataArchivio(al);
-    return {f, f, t, t, f, t};
+    return { f, f, t, t, f, t };
 }
 
 // The guest's stay meets the period in one of three ways, by which of its dates are known. Each way carries
@@ -49,8 +49,7 @@ QVariantList parametriPresenza(const QVariantList& primi, const QDate& dal, cons
     const QString t = dataArchivio(al);
     QVariantList p;
     // Every branch repeats the leading parameters of its filter.
-    const QList<QVariantList> rami
-        = {{f, f}, {t, t}, {f, t}, {f, t, f}, {f, t, t}};
+    const QList<QVariantList> rami = { { f, f }, { t, t }, { f, t }, { f, t, f }, { f, t, t } };
     for (const QVariantList& ramo : rami)
         p << primi << ramo;
     return p;
@@ -89,7 +88,7 @@ std::optional<bool> interrogaCamera(Archivio& archivio, qint64 escludi, const QS
     if (!dateValide(dal, al))
         return std::nullopt;
     QString sql = QStringLiteral("SELECT 1 FROM TabellaMovimenti WHERE Tipo = 'PrenotazioneCamera' AND NroCamera = ?");
-    QVariantList p{nroCamera};
+    QVariantList p { nroCamera };
     if (escludi != 0) {
         sql += QStringLiteral(" AND IndicePrenotazioneAssociata <> ?");
         p << escludi;
@@ -105,7 +104,7 @@ std::optional<bool> interrogaArticolo(Archivio& archivio, qint64 escludi, const 
         return std::nullopt;
     QString sql = QStringLiteral("SELECT 1 FROM TabellaMovimentiSpiaggia WHERE Tipo = 'PrenotazioneArticolo'"
                                  " AND Numero = ? AND CodiceArticolo = ?");
-    QVariantList p{numero, codiceArticolo};
+    QVariantList p { numero, codiceArticolo };
     if (escludi != 0) {
         sql += QStringLiteral(" AND IndicePrenotazioneAssociata <> ?");
         p << escludi;
@@ -121,7 +120,7 @@ std::optional<bool> interrogaSala(Archivio& archivio, qint64 escludi, const QStr
         return std::nullopt;
     QString sql = QStringLiteral(
         "SELECT DaOra, AOra FROM TabellaMovimentiSale WHERE Tipo = 'PrenotazioneSala' AND CodiceTipologia = ?");
-    QVariantList p{codiceTipologia};
+    QVariantList p { codiceTipologia };
     if (escludi != 0) {
         sql += QStringLiteral(" AND IndicePrenotazioneAssociata <> ?");
         p << escludi;
@@ -212,7 +211,7 @@ PrenotazioniCamera PiuPrenotazioni(Archivio& archivio, const QString& nroCamera,
     const QString sql = QStringLiteral("SELECT count(*), min(IndicePrenotazioneAssociata) FROM TabellaMovimenti"
                                        " WHERE Tipo = 'PrenotazioneCamera' AND NroCamera = ? AND ")
         + periodoCamera + QStringLiteral(" AND PrenotazioneChiusa = 0");
-    const auto riga = archivio.riga(sql, QVariantList{nroCamera} + parametriPeriodo(dal, al));
+    const auto riga = archivio.riga(sql, QVariantList { nroCamera } + parametriPeriodo(dal, al));
     if (!riga)
         return esito;
     esito.righe = riga->value(0).toInt();
@@ -222,8 +221,7 @@ PrenotazioniCamera PiuPrenotazioni(Archivio& archivio, const QString& nroCamera,
     return esito;
 }
 
-QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCamera, const QDate& dal,
-                                      const QDate& al)
+QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCamera, const QDate& dal, const QDate& al)
 {
     if (!dateValide(dal, al))
         return QStringLiteral("0");
@@ -233,7 +231,7 @@ QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCame
                                        " = TabellaPrenotazioni.Indice"
                                        " WHERE TabellaPrenotazioni.PrenotazioneChiusa = 0 AND ")
         + casiPresenza(QStringLiteral("NroCameraCliente = ? AND"));
-    const QVariant n = archivio.valore(sql, parametriPresenza({nroCamera}, dal, al));
+    const QVariant n = archivio.valore(sql, parametriPresenza({ nroCamera }, dal, al));
     return QString::number(n.toInt());
 }
 
@@ -242,7 +240,7 @@ bool PersoneArrivate(Archivio& archivio, const QString& nroCamera, qint64 indice
     return archivio.esisteRiga(QStringLiteral("SELECT 1 FROM TabellaAnagraficheAssociatePrenotazioni"
                                               " WHERE IndicePrenotazioneAssociata = ? AND NroCameraCliente = ?"
                                               " AND Arrivato = 1 LIMIT 1"),
-                               {indicePrenotazione, nroCamera});
+                               { indicePrenotazione, nroCamera });
 }
 
 std::optional<int> contaCamereDisponibili(Archivio& archivio, const QDate& dal, const QDate& al)

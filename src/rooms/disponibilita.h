@@ -2,7 +2,6 @@
 
 #include <QDate>
 #include <QString>
-
 #include <optional>
 
 namespace tomvera {
@@ -61,8 +60,7 @@ struct PrenotazioniCamera
 PrenotazioniCamera PiuPrenotazioni(Archivio& archivio, const QString& nroCamera, const QDate& dal, const QDate& al);
 
 // Guests of open reservations staying in the room in the board's period, as text; "0" for invalid dates.
-QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCamera, const QDate& dal,
-                                      const QDate& al);
+QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCamera, const QDate& dal, const QDate& al);
 // Whether a guest of the reservation in that room is marked arrived.
 bool PersoneArrivate(Archivio& archivio, const QString& nroCamera, qint64 indicePrenotazione);
 

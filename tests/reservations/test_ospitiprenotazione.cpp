@@ -75,6 +75,14 @@ void TestOspitiPrenotazione::controlliDellInserimentoInOrdine()
     QCOMPARE(b.interazione().messaggi().last(),
              QStringLiteral("Il cliente è già in archivio, selezionarlo dall'elenco"));
     QCOMPARE(s->GrigliaAnagrafiche.size(), 1);
+    // Which the name fields offer on leaving them: the card comes back with its registry index.
+    b.interazione().rispondiSi(QStringLiteral("Attenzione la scheda cliente già esiste, caricarla?"));
+    QVERIFY(s->ControllaEsistenzaAnagrafica());
+    QVERIFY(s->Cliente.valore(QStringLiteral("IndiceCliente")).toLongLong() > 0);
+    s->Command4_Click();
+    QCOMPARE(s->GrigliaAnagrafiche.size(), 2);
+    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaAnagrafiche")), 1);
+    QVERIFY(b.interazione().errore().isEmpty());
 }
 
 void TestOspitiPrenotazione::capoFamigliaEFamiliari()

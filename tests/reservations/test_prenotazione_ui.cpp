@@ -160,7 +160,7 @@ void TestCollegamentoTabellone::tesseraLiberaApreLaSchedaEIlTabelloneSiAggiorna(
     b.sessione.PercorsoDB = b.t.percorso();
     b.archivio().comando(
         QStringLiteral("INSERT INTO TabellaStrutturaCamere (NroCamera, CodiceTipologia, NroPiano, X, Y) "
-                       "VALUES ('101', 'DBL', 1, 1, 1)"));
+                       "VALUES ('101', 'DBL', 1, 0, 0)"));
     Tabellone tabellone(b.sessione);
     tabellone.Form_Load();
     tabellone.NroPiano = 1;

@@ -12,7 +12,10 @@ namespace tomvera::test {
 class RigheProva
 {
 public:
-    explicit RigheProva(Archivio& archivio) : m_archivio(archivio) { }
+    explicit RigheProva(Archivio& archivio)
+        : m_archivio(archivio)
+    {
+    }
 
     // A reservation header; returns its Indice (0 on failure).
     qint64 prenotazione(bool chiusa = false)
@@ -20,7 +23,7 @@ public:
         ++m_numero;
         if (!m_archivio.comando(QStringLiteral("INSERT INTO TabellaPrenotazioni (NumeroPrenotazione, DataPrenotazione,"
                                                " PrenotazioneChiusa) VALUES (?, ?, ?)"),
-                                {m_numero, QStringLiteral("2026-01-01"), chiusa ? 1 : 0}))
+                                { m_numero, QStringLiteral("2026-01-01"), chiusa ? 1 : 0 }))
             return 0;
         return m_archivio.ultimoIndiceInserito();
     }
@@ -29,7 +32,7 @@ public:
     {
         return m_archivio.comando(QStringLiteral("INSERT INTO TabellaStrutturaCamere (NroCamera, X, Y, NroPiano)"
                                                  " VALUES (?, ?, ?, ?)"),
-                                  {nro, x, y, piano});
+                                  { nro, x, y, piano });
     }
 
     bool movimentoCamera(qint64 prenotazione, const QString& nro, const QDate& dal, const QDate& al,
@@ -37,25 +40,26 @@ public:
     {
         return m_archivio.comando(QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo,"
                                                  " NroCamera, Dal, Al, PrenotazioneChiusa) VALUES (?, ?, ?, ?, ?, ?)"),
-                                  {prenotazione, tipo, nro, valoreData(dal), valoreData(al), chiusa ? 1 : 0});
+                                  { prenotazione, tipo, nro, valoreData(dal), valoreData(al), chiusa ? 1 : 0 });
     }
 
-    bool articolo(qint64 prenotazione, const QString& numero, const QString& codice, const QDate& dal,
-                  const QDate& al, const QString& tipo = QStringLiteral("PrenotazioneArticolo"))
+    bool articolo(qint64 prenotazione, const QString& numero, const QString& codice, const QDate& dal, const QDate& al,
+                  const QString& tipo = QStringLiteral("PrenotazioneArticolo"))
     {
         return m_archivio.comando(QStringLiteral("INSERT INTO TabellaMovimentiSpiaggia (IndicePrenotazioneAssociata,"
                                                  " Tipo, Numero, CodiceArticolo, Dal, Al) VALUES (?, ?, ?, ?, ?, ?)"),
-                                  {prenotazione, tipo, numero, codice, valoreData(dal), valoreData(al)});
+                                  { prenotazione, tipo, numero, codice, valoreData(dal), valoreData(al) });
     }
 
     // Hours as "HH.MM"; an empty text stores no hour.
     bool sala(qint64 prenotazione, const QString& codice, const QDate& dal, const QDate& al, const QString& daOra,
               const QString& aOra)
     {
-        return m_archivio.comando(QStringLiteral("INSERT INTO TabellaMovimentiSale (IndicePrenotazioneAssociata, Tipo,"
-                                                 " CodiceTipologia, Dal, Al, DaOra, AOra) VALUES (?, ?, ?, ?, ?, ?, ?)"),
-                                  {prenotazione, QStringLiteral("PrenotazioneSala"), codice, valoreData(dal),
-                                   valoreData(al), ora(daOra), ora(aOra)});
+        return m_archivio.comando(
+            QStringLiteral("INSERT INTO TabellaMovimentiSale (IndicePrenotazioneAssociata, Tipo,"
+                           " CodiceTipologia, Dal, Al, DaOra, AOra) VALUES (?, ?, ?, ?, ?, ?, ?)"),
+            { prenotazione, QStringLiteral("PrenotazioneSala"), codice, valoreData(dal), valoreData(al), ora(daOra),
+              ora(aOra) });
     }
 
     // arrivato: 1, 0, or -1 for a null flag.
@@ -65,8 +69,8 @@ public:
         return m_archivio.comando(QStringLiteral("INSERT INTO TabellaAnagraficheAssociatePrenotazioni"
                                                  " (IndicePrenotazioneAssociata, NroCameraCliente, DataArrivo,"
                                                  " DataPartenza, Arrivato) VALUES (?, ?, ?, ?, ?)"),
-                                  {prenotazione, camera, valoreData(arrivo), valoreData(partenza),
-                                   arrivato < 0 ? QVariant(QMetaType(QMetaType::Int)) : QVariant(arrivato)});
+                                  { prenotazione, camera, valoreData(arrivo), valoreData(partenza),
+                                    arrivato < 0 ? QVariant(QMetaType(QMetaType::Int)) : QVariant(arrivato) });
     }
 
 private:

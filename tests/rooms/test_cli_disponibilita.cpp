@@ -38,10 +38,10 @@ private:
 TestComandoDisponibilita::Esito TestComandoDisponibilita::esegui(const QStringList& argomenti)
 {
     QProcess processo;
-    processo.start(QStringLiteral(TOMVERA_CLI), QStringList{QStringLiteral("disponibilita")} + argomenti);
+    processo.start(QStringLiteral(TOMVERA_CLI), QStringList { QStringLiteral("disponibilita") } + argomenti);
     processo.waitForFinished(30000);
-    return {processo.exitStatus() == QProcess::NormalExit ? processo.exitCode() : -1,
-            QString::fromUtf8(processo.readAllStandardOutput()), QString::fromUtf8(processo.readAllStandardError())};
+    return { processo.exitStatus() == QProcess::NormalExit ? processo.exitCode() : -1,
+             QString::fromUtf8(processo.readAllStandardOutput()), QString::fromUtf8(processo.readAllStandardError()) };
 }
 
 void TestComandoDisponibilita::initTestCase()
@@ -77,8 +77,8 @@ void TestComandoDisponibilita::risposte_data()
          "occupata");
     riga("articolo altro numero", QStringLiteral("--articolo OMB --numero 13 --dal 15/06/2026 --al 20/06/2026"),
          "libera");
-    riga("sala stessa ora", QStringLiteral("--sala CONGRESSI --daora 11.00 --aora 13.00 --dal 10/06/2026 --al 10/06/2026"),
-         "occupata");
+    riga("sala stessa ora",
+         QStringLiteral("--sala CONGRESSI --daora 11.00 --aora 13.00 --dal 10/06/2026 --al 10/06/2026"), "occupata");
     riga("sala dopo", QStringLiteral("--sala CONGRESSI --daora 12.00 --aora 14.00 --dal 10/06/2026 --al 10/06/2026"),
          "libera");
 }
@@ -87,7 +87,7 @@ void TestComandoDisponibilita::risposte()
 {
     QFETCH(QStringList, argomenti);
     QFETCH(QString, risposta);
-    const Esito e = esegui(QStringList{QStringLiteral("--archivio"), m_t->percorso()} + argomenti);
+    const Esito e = esegui(QStringList { QStringLiteral("--archivio"), m_t->percorso() } + argomenti);
     QCOMPARE(e.err, QString());
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out, risposta + QLatin1Char('\n'));
@@ -98,11 +98,12 @@ void TestComandoDisponibilita::inputErrato_data()
     QTest::addColumn<QStringList>("argomenti");
     QTest::addColumn<QString>("messaggio");
     auto riga = [this](const char* nome, const QString& argomenti, const char* messaggio) {
-        QTest::newRow(nome) << (QStringList{QStringLiteral("--archivio"), m_t->percorso()}
+        QTest::newRow(nome) << (QStringList { QStringLiteral("--archivio"), m_t->percorso() }
                                 + argomenti.split(QLatin1Char(' '), Qt::SkipEmptyParts))
                             << QString::fromUtf8(messaggio);
     };
-    riga("data impossibile", QStringLiteral("--camera 101 --dal 31/02/2026 --al 20/06/2026"), "Data non valida: 31/02/2026");
+    riga("data impossibile", QStringLiteral("--camera 101 --dal 31/02/2026 --al 20/06/2026"),
+         "Data non valida: 31/02/2026");
     riga("data mancante", QStringLiteral("--camera 101 --dal 15/06/2026"), "Indicare la data con --al GG/MM/AAAA");
     riga("periodo rovesciato", QStringLiteral("--camera 101 --dal 20/06/2026 --al 15/06/2026"),
          "La data --al precede la data --dal");
@@ -112,7 +113,8 @@ void TestComandoDisponibilita::inputErrato_data()
     riga("articolo senza numero", QStringLiteral("--articolo OMB --dal 15/06/2026 --al 20/06/2026"),
          "Indicare il numero dell'articolo");
     riga("sala senza ore", QStringLiteral("--sala CONGRESSI --dal 10/06/2026 --al 10/06/2026"), "Indicare le ore");
-    riga("ora sbagliata", QStringLiteral("--sala CONGRESSI --daora 25.00 --aora 26.00 --dal 10/06/2026 --al 10/06/2026"),
+    riga("ora sbagliata",
+         QStringLiteral("--sala CONGRESSI --daora 25.00 --aora 26.00 --dal 10/06/2026 --al 10/06/2026"),
          "Ora non valida (formato HH.MM): 25.00");
     riga("opzione sconosciuta", QStringLiteral("--camera 101 --dal 15/06/2026 --al 20/06/2026 --piano 1"),
          "Opzione sconosciuta: --piano");
@@ -133,10 +135,10 @@ void TestComandoDisponibilita::inputErrato()
 
 void TestComandoDisponibilita::archivioInesistenteNonCreato()
 {
-    const QStringList periodo{QStringLiteral("--camera"), QStringLiteral("101"), QStringLiteral("--dal"),
-                              QStringLiteral("15/06/2026"), QStringLiteral("--al"), QStringLiteral("20/06/2026")};
+    const QStringList periodo { QStringLiteral("--camera"),   QStringLiteral("101"),  QStringLiteral("--dal"),
+                                QStringLiteral("15/06/2026"), QStringLiteral("--al"), QStringLiteral("20/06/2026") };
     const QString mancante = QDir(m_t->cartella()).filePath(QStringLiteral("Mancante.mdb"));
-    Esito e = esegui(QStringList{QStringLiteral("--archivio"), mancante} + periodo);
+    Esito e = esegui(QStringList { QStringLiteral("--archivio"), mancante } + periodo);
     QCOMPARE(e.codice, 2);
     QVERIFY(e.err.startsWith(QStringLiteral("Archivio non trovato")));
     QVERIFY(!QFile::exists(mancante));
@@ -147,16 +149,17 @@ void TestComandoDisponibilita::archivioInesistenteNonCreato()
     QVERIFY(f.open(QIODevice::WriteOnly));
     f.write("questo non e' un archivio, solo una nota lasciata qui per sbaglio\n");
     f.close();
-    e = esegui(QStringList{QStringLiteral("--archivio"), testo} + periodo);
+    e = esegui(QStringList { QStringLiteral("--archivio"), testo } + periodo);
     QCOMPARE(e.codice, 2);
     QVERIFY(e.err.startsWith(QStringLiteral("Errore apertura Archivio")));
     QCOMPARE(e.out, QString());
 
     test::ArchivioTemporaneo vuoto(false, QStringLiteral("Vuoto.mdb"));
     QVERIFY(vuoto.archivio().comando(QStringLiteral("CREATE TABLE Altro (x INTEGER)")));
-    e = esegui(QStringList{QStringLiteral("--archivio"), vuoto.percorso()} + periodo);
+    e = esegui(QStringList { QStringLiteral("--archivio"), vuoto.percorso() } + periodo);
     QCOMPARE(e.codice, 2);
-    QVERIFY2(e.err.startsWith(QStringLiteral("L'archivio non contiene la tabella TabellaMovimenti")), qPrintable(e.err));
+    QVERIFY2(e.err.startsWith(QStringLiteral("L'archivio non contiene la tabella TabellaMovimenti")),
+             qPrintable(e.err));
 
     e = esegui(periodo);
     QCOMPARE(e.codice, 2);

@@ -14,6 +14,7 @@
 #include <QDateEdit>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableWidget>
@@ -146,6 +147,67 @@ void TestPannelloTabellone::selezioneMultiplaEStriscia()
 }
 
 TOMVERA_TEST(TestPannelloTabellone)
+
+// The two catalogue screens driven by their controls.
+class TestFinestreCatalogo : public QObject
+{
+    Q_OBJECT
+private slots:
+    void tipologieDaiControlli();
+    void grigliaDaiControlli();
+};
+
+void TestFinestreCatalogo::tipologieDaiControlli()
+{
+    test::BancoTabellone b;
+    FinestraTipologieCamere f(b.sessione);
+    f.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    QTest::keyClicks(f.findChild<QLineEdit*>(QStringLiteral("CodiceTipologia")), QStringLiteral("DOP"));
+    QTest::keyClicks(f.findChild<QLineEdit*>(QStringLiteral("NroPersone")), QStringLiteral("2"));
+    QTest::keyClicks(f.findChild<QLineEdit*>(QStringLiteral("NomeTipologia")), QStringLiteral("Doppia"));
+    auto* registra = f.findChild<QPushButton*>(QStringLiteral("Registra"));
+    QTest::mouseClick(registra, Qt::LeftButton);
+    QCOMPARE(b.interazione().ultimoTesto(), QStringLiteral("Attenzione, associare un colore alla tipologia!"));
+    QTest::mouseClick(f.findChild<QPushButton*>(QStringLiteral("Tinta2ecc71")), Qt::LeftButton);
+    QTest::mouseClick(registra, Qt::LeftButton);
+    auto* griglia = f.findChild<QTableWidget*>(QStringLiteral("Griglia"));
+    QCOMPARE(griglia->rowCount(), 1);
+    QCOMPARE(griglia->item(0, 2)->text(), QStringLiteral("Doppia"));
+    QCOMPARE(griglia->item(0, 3)->background().color(), QColor(0x2e, 0xcc, 0x71));
+    QCOMPARE(f.findChild<QLineEdit*>(QStringLiteral("CodiceTipologia"))->text(), QString());
+}
+
+void TestFinestreCatalogo::grigliaDaiControlli()
+{
+    test::BancoTabellone b(2, 2);
+    QVERIFY(b.tipologia(QStringLiteral("SUI"), 4, coloreDaRgb(0xaf, 0x7a, 0xc5), QStringLiteral("Suite")));
+    FinestraConfiguraGriglia f(b.sessione);
+    f.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    QCOMPARE(f.windowTitle(), QStringLiteral("Configurazione Camere"));
+    auto* tipi = f.findChild<QTableWidget*>(QStringLiteral("GrigliaTipologie"));
+    auto* griglia = f.findChild<QTableWidget*>(QStringLiteral("Griglia"));
+    QCOMPARE(griglia->rowCount(), 2);
+    QTest::mouseClick(tipi->viewport(), Qt::LeftButton, {}, tipi->visualItemRect(tipi->item(0, 1)).center());
+    QCOMPARE(f.findChild<QLabel*>(QStringLiteral("NomeTipologiaSelezionata"))->text(), QStringLiteral("Suite"));
+    QTest::mouseClick(griglia->viewport(), Qt::LeftButton, {}, griglia->visualItemRect(griglia->item(1, 1)).center());
+    QCOMPARE(griglia->item(1, 1)->background().color(), QColor(0xaf, 0x7a, 0xc5));
+    griglia->item(1, 1)->setText(QStringLiteral("12"));
+    b.interazione().rispondiSi(QStringLiteral("Salvare la configurazione delle Camere?"));
+    QTest::mouseClick(f.findChild<QPushButton*>(QStringLiteral("Registra")), Qt::LeftButton);
+    const auto r
+        = b.archivio().riga(QStringLiteral("SELECT NroCamera, X, Y, CodiceTipologia FROM TabellaStrutturaCamere"));
+    QVERIFY(r);
+    QCOMPARE(r->value(0).toString(), QStringLiteral("12"));
+    QCOMPARE(r->value(1).toInt(), 1);
+    QCOMPARE(r->value(2).toInt(), 1);
+    QCOMPARE(r->value(3).toString(), QStringLiteral("SUI"));
+    QCOMPARE(f.findChild<QPushButton*>(QStringLiteral("Command15"))->toolTip(),
+             QStringLiteral("CANCELLAZIONE COMPLETA STRUTTURA"));
+}
+
+TOMVERA_TEST(TestFinestreCatalogo)
 
 // The board inside the main window: menus, rights, beach switch, add-room mode.
 class TestTabelloneAvvio : public QObject

@@ -19,10 +19,10 @@ namespace {
 const QString percorsoFile = QStringLiteral("Percorso.txt");
 const QString utenteFile = QStringLiteral("Utente.txt");
 
+// The files the program ships (beach pictures, ArchivioCodici.mdb) lie beside it; tests point elsewhere.
 QString cartellaDati()
 {
-    const QString dati = qEnvironmentVariable("TOMVERA_DATA_DIR");
-    return dati.isEmpty() ? QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("data")) : dati;
+    return qEnvironmentVariable("TOMVERA_DATA_DIR");
 }
 
 CreazioneDB::Percorsi percorsiCreazione(const Sessione& sessione)
@@ -30,10 +30,9 @@ CreazioneDB::Percorsi percorsiCreazione(const Sessione& sessione)
     CreazioneDB::Percorsi percorsi;
     percorsi.archivio = sessione.PercorsoDB;
     percorsi.archivioSky = sessione.PercorsoArchivioSky;
-    percorsi.cartellaImmagini = QDir(cartellaDati()).filePath(QStringLiteral("immagini"));
-    const QString codici = QDir(cartellaDati()).filePath(QStringLiteral("ArchivioCodici.mdb"));
-    if (QFileInfo::exists(codici))
-        percorsi.archivioCodici = codici;
+    percorsi.archivioCodici = sessione.PercorsoArchivioCodici;
+    if (!cartellaDati().isEmpty())
+        percorsi.cartellaImmagini = QDir(cartellaDati()).filePath(QStringLiteral("immagini"));
     return percorsi;
 }
 
@@ -59,6 +58,8 @@ void AvvioSelezioneUtente::Form_Load()
 {
     // Parsing never depends on the machine's locale here, so there are no regional settings to repair.
     m_sessione.PercorsoProgramma = piattaforma::cartellaProgramma();
+    m_sessione.PercorsoArchivioCodici = QDir(cartellaDati().isEmpty() ? QCoreApplication::applicationDirPath() : cartellaDati())
+                                            .filePath(QStringLiteral("ArchivioCodici.mdb"));
     QDir().mkpath(m_sessione.PercorsoProgramma);
     QDir::setCurrent(m_sessione.PercorsoProgramma);
     Titolo = NomeProdotto() + QStringLiteral(" ver. ") + VersioneProgramma();

@@ -17,24 +17,24 @@ struct IndicePrestazioni
 const IndicePrestazioni indici[] = {
     // Room availability, the board's counters and the choice among several reservations of a room: stays
     // still running after a day by their departure, stays starting from a day by their arrival.
-    {"TabellaMovimenti_CameraPartenza", "TabellaMovimenti",
-     "NroCamera, Tipo, PrenotazioneChiusa, Al, Dal, IndicePrenotazioneAssociata"},
-    {"TabellaMovimenti_CameraArrivo", "TabellaMovimenti",
-     "NroCamera, Tipo, PrenotazioneChiusa, Dal, Al, IndicePrenotazioneAssociata"},
-    {"TabellaMovimentiSpiaggia_PeriodoArticolo", "TabellaMovimentiSpiaggia",
-     "Numero, CodiceArticolo, Tipo, Dal, Al, IndicePrenotazioneAssociata"},
-    {"TabellaMovimentiSale_PeriodoSala", "TabellaMovimentiSale",
-     "CodiceTipologia, Tipo, Dal, Al, IndicePrenotazioneAssociata"},
+    { "TabellaMovimenti_CameraPartenza", "TabellaMovimenti",
+      "NroCamera, Tipo, PrenotazioneChiusa, Al, Dal, IndicePrenotazioneAssociata" },
+    { "TabellaMovimenti_CameraArrivo", "TabellaMovimenti",
+      "NroCamera, Tipo, PrenotazioneChiusa, Dal, Al, IndicePrenotazioneAssociata" },
+    { "TabellaMovimentiSpiaggia_PeriodoArticolo", "TabellaMovimentiSpiaggia",
+      "Numero, CodiceArticolo, Tipo, Dal, Al, IndicePrenotazioneAssociata" },
+    { "TabellaMovimentiSale_PeriodoSala", "TabellaMovimentiSale",
+      "CodiceTipologia, Tipo, Dal, Al, IndicePrenotazioneAssociata" },
     // Persons present: the same two ways in, by departure and by arrival.
-    {"TabellaAnagraficheAssociatePrenotazioni_ArrivatoPartenza", "TabellaAnagraficheAssociatePrenotazioni",
-     "Arrivato, DataPartenza, DataArrivo"},
-    {"TabellaAnagraficheAssociatePrenotazioni_ArrivatoArrivo", "TabellaAnagraficheAssociatePrenotazioni",
-     "Arrivato, DataArrivo, DataPartenza"},
+    { "TabellaAnagraficheAssociatePrenotazioni_ArrivatoPartenza", "TabellaAnagraficheAssociatePrenotazioni",
+      "Arrivato, DataPartenza, DataArrivo" },
+    { "TabellaAnagraficheAssociatePrenotazioni_ArrivatoArrivo", "TabellaAnagraficheAssociatePrenotazioni",
+      "Arrivato, DataArrivo, DataPartenza" },
     // Persons present in one room, asked for every occupied tile.
-    {"TabellaAnagraficheAssociatePrenotazioni_CameraPartenza", "TabellaAnagraficheAssociatePrenotazioni",
-     "NroCameraCliente, DataPartenza, DataArrivo"},
-    {"TabellaAnagraficheAssociatePrenotazioni_CameraArrivo", "TabellaAnagraficheAssociatePrenotazioni",
-     "NroCameraCliente, DataArrivo, DataPartenza"},
+    { "TabellaAnagraficheAssociatePrenotazioni_CameraPartenza", "TabellaAnagraficheAssociatePrenotazioni",
+      "NroCameraCliente, DataPartenza, DataArrivo" },
+    { "TabellaAnagraficheAssociatePrenotazioni_CameraArrivo", "TabellaAnagraficheAssociatePrenotazioni",
+      "NroCameraCliente, DataArrivo, DataPartenza" },
 };
 
 } // namespace
@@ -42,9 +42,9 @@ const IndicePrestazioni indici[] = {
 void applicaIndiciPrestazioni(Archivio& archivio)
 {
     for (const IndicePrestazioni& i : indici) {
-        archivio.comandoSenzaGestione(QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (%3)")
-                                          .arg(QLatin1String(i.nome), QLatin1String(i.tabella),
-                                               QLatin1String(i.campi)));
+        archivio.comandoSenzaGestione(
+            QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (%3)")
+                .arg(QLatin1String(i.nome), QLatin1String(i.tabella), QLatin1String(i.campi)));
     }
 }
 

@@ -226,6 +226,16 @@ bool FinestraAvvio::event(QEvent* evento)
         m_logica.Form_Activate();
         SettaPermessiUtente();
         emit attivata();
+    } else if (evento->type() == QEvent::Show) {
+        // Without a window manager (or when focus stays elsewhere) no activation arrives: the first show
+        // still has to load the board.
+        QTimer::singleShot(0, this, [this] {
+            if (!isActiveWindow()) {
+                m_logica.Form_Activate();
+                SettaPermessiUtente();
+                emit attivata();
+            }
+        });
     }
     return QMainWindow::event(evento);
 }

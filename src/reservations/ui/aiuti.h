@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QTableWidgetItem>
+#include <functional>
 
 namespace tomvera::aiuti {
 
@@ -12,6 +13,34 @@ inline void riempi(QComboBox* combo, const QStringList& voci, const QString& tes
     combo->addItems(voci);
     combo->setCurrentText(testo);
 }
+
+// A chooser that reads its list only when opened: the lists can take a scan of the whole archive. Until
+// then it holds the current text alone.
+class SceltaPigra : public QComboBox
+{
+public:
+    SceltaPigra(const QString& nome, std::function<QStringList()> fornitore, QWidget* genitore)
+        : QComboBox(genitore)
+        , m_fornitore(std::move(fornitore))
+    {
+        setObjectName(nome);
+    }
+    void imposta(const QString& testo)
+    {
+        clear();
+        if (!isEditable())
+            addItem(testo);
+        setCurrentText(testo);
+    }
+    void showPopup() override
+    {
+        riempi(this, m_fornitore(), currentText());
+        QComboBox::showPopup();
+    }
+
+private:
+    std::function<QStringList()> m_fornitore;
+};
 
 inline QTableWidgetItem* cella(const QString& testo, bool destra = false)
 {

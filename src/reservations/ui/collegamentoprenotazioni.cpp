@@ -3,6 +3,8 @@
 #include "foundation/archivio.h"
 #include "foundation/formati.h"
 #include "foundation/sessione.h"
+#include "guests/schedaanagrafica.h"
+#include "guests/ui/schedaanagraficawidget.h"
 #include "reservations/acconti.h"
 #include "reservations/schedaprenotazione.h"
 #include "reservations/ui/accontiwidget.h"
@@ -10,6 +12,7 @@
 #include "rooms/tabellone.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <memory>
 
 namespace tomvera {
@@ -59,11 +62,34 @@ void Collegamento::apri(const RichiestaPrenotazione& richiesta)
                               widget);
         acconti.exec();
     });
+    QObject::connect(
+        widget, &PrenotazioneWidget::apriSchedaCliente, widget, [widget, sessioneP, archivio](qint64 indiceCliente) {
+            auto scheda = std::make_unique<SchedaAnagrafica>(*archivio, sessioneP->interazione, sessioneP->orologio);
+            if (indiceCliente > 0)
+                scheda->carica(indiceCliente);
+            SchedaAnagraficaWidget finestraScheda(std::move(scheda), widget);
+            finestraScheda.exec();
+            // The card may have changed: the entry line takes it again.
+            if (indiceCliente > 0 && widget->logica().CaricaDatiCliente(indiceCliente))
+                widget->aggiorna();
+        });
     QObject::connect(widget, &PrenotazioneWidget::aggiungiCamera, widget, [this, widget] {
         aperta = widget;
         widget->hide();
         widget->setWindowModality(Qt::NonModal);
         tabellone.AbilitaDisabilita(QStringLiteral("abilita aggiuntacamere"));
+    });
+    // The add-room mode left without a room: the screen comes back as it was. Queued, so that a tile click,
+    // which also ends the mode, first hands its room over.
+    QObject::connect(&tabellone, &Tabellone::statoCambiato, widget, [this, widget] {
+        QTimer::singleShot(0, widget, [this, widget] {
+            if (aperta == widget && tabellone.modo() != Tabellone::Modo::AggiuntaCamera) {
+                aperta.clear();
+                widget->setWindowModality(Qt::ApplicationModal);
+                widget->show();
+                widget->raise();
+            }
+        });
     });
     widget->show();
 }

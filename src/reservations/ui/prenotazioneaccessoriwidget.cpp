@@ -37,7 +37,10 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
         return c;
     };
     m_dataArt = linea("Data", 100);
-    m_tipoArt = scelta("Tipo", true);
+    m_tipoArt = new aiuti::SceltaPigra(
+        QStringLiteral("Tipo"), [this] { return m_logica->sceltaTipoAccessorio(); }, scheda);
+    m_tipoArt->setEditable(true);
+    m_tipoArt->setMinimumWidth(120);
     m_descrizioneArt = scelta("Descrizione", true);
     m_descrizioneArt->setMinimumWidth(240);
     m_qta = linea("Qta", 60);
@@ -145,7 +148,7 @@ void PrenotazioneWidget::aggiornaAccessori()
     SchedaPrenotazione& l = *m_logica;
     const InserimentoAccessorio& a = l.Accessorio;
     m_dataArt->setText(a.Data);
-    riempi(m_tipoArt, l.sceltaTipoAccessorio(), a.Tipo);
+    m_tipoArt->imposta(a.Tipo);
     m_descrizioneArt->setEditText(a.Descrizione);
     m_qta->setText(a.Qta);
     m_prezzoUnitario->setText(a.PrezzoUnitario);

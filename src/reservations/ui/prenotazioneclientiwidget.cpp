@@ -181,6 +181,7 @@ QWidget* PrenotazioneWidget::creaSchedaClienti()
     m_inserisciCliente->setStyleSheet(QStringLiteral("background: #e05050; color: white; font-weight: bold"));
     m_rimuoviCliente = bottone("Command10", "RIMUOVI CLIENTE DALLA PRENOTAZIONE");
     auto* nuovo = bottone("Command1", "NUOVO CLIENTE");
+    auto* apriScheda = bottone("Command14", "APRI SCHEDA CLIENTE");
     comandi->addStretch(1);
     v->addLayout(comandi);
     comandi = new QHBoxLayout;
@@ -212,6 +213,19 @@ QWidget* PrenotazioneWidget::creaSchedaClienti()
     connect(m_rimuoviCliente, &QPushButton::clicked, this,
             [this] { comando([this] { m_logica->Command10_Click(); }); });
     connect(nuovo, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Command1_Click(); }); });
+    connect(apriScheda, &QPushButton::clicked, this, [this] {
+        leggiClienti();
+        emit apriSchedaCliente(m_logica->Cliente.valore(QStringLiteral("IndiceCliente")).toLongLong());
+    });
+    // Leaving the name of a guest typed by hand: the registry may already know it. Queued, so that a card
+    // chosen from the look-ahead is loaded first.
+    connect(m_campiCliente.value(QStringLiteral("Nome")), &QLineEdit::editingFinished, this, [this] {
+        if (!m_campiCliente.value(QStringLiteral("Nome"))->isModified())
+            return;
+        m_campiCliente.value(QStringLiteral("Nome"))->setModified(false);
+        QMetaObject::invokeMethod(
+            this, [this] { comando([this] { m_logica->ControllaEsistenzaAnagrafica(); }); }, Qt::QueuedConnection);
+    });
     connect(proponi, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Command13_Click(); }); });
     connect(cancellaNro, &QPushButton::clicked, this,
             [this] { comando([this] { m_logica->CancellaNroArrivo_Click(); }); });

@@ -61,8 +61,8 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     auto* gt = new QGridLayout(testa);
     m_numero = campo(QStringLiteral("NumeroPrenotazione"), testa, 90);
     m_data = campo(QStringLiteral("DataPrenotazione"), testa, 110);
-    m_stato = new QComboBox(testa);
-    m_stato->setObjectName(QStringLiteral("Stato"));
+    m_stato = new aiuti::SceltaPigra(
+        QStringLiteral("Stato"), [this] { return m_logica->CaricaStato(); }, testa);
     m_stato->setEditable(true);
     m_stato->setMinimumWidth(140);
     m_saldato = new QCheckBox(QStringLiteral("Saldato"), testa);
@@ -73,11 +73,11 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     m_aCamera->setObjectName(QStringLiteral("PrezziACamera"));
     m_aPersona = new QRadioButton(QStringLiteral("Prezzi a Persona"), testa);
     m_aPersona->setObjectName(QStringLiteral("PrezziAPersona"));
-    m_listinoCamere = new QComboBox(testa);
-    m_listinoCamere->setObjectName(QStringLiteral("ListinoCamere"));
+    m_listinoCamere = new aiuti::SceltaPigra(
+        QStringLiteral("ListinoCamere"), [this] { return m_logica->sceltaListiniCamere(); }, testa);
     m_listinoCamere->setMinimumWidth(140);
-    m_listinoTrattamenti = new QComboBox(testa);
-    m_listinoTrattamenti->setObjectName(QStringLiteral("ListinoTrattamenti"));
+    m_listinoTrattamenti = new aiuti::SceltaPigra(
+        QStringLiteral("ListinoTrattamenti"), [this] { return m_logica->sceltaListiniTrattamenti(); }, testa);
     m_listinoTrattamenti->setMinimumWidth(140);
     m_codiceAzienda = campo(QStringLiteral("CodiceAzienda"), testa, 120);
     gt->addWidget(new QLabel(QStringLiteral("N° Prenotazione"), testa), 0, 0);
@@ -165,7 +165,7 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     for (QLineEdit* e : { m_numero, m_data })
         connect(e, &QLineEdit::textEdited, this, [this] { m_logica->segnaModificato(); });
 
-    m_codiceAzienda->setVisible(false);
+    m_codiceAzienda->setVisible(m_logica->multiAzienda());
     resize(1180, 720);
     aggiorna();
     applicaPermessi();
@@ -185,8 +185,8 @@ QWidget* PrenotazioneWidget::creaSchedaCamere()
     auto* v = new QVBoxLayout(scheda);
     auto* riga = new QHBoxLayout;
     m_nc = campo(QStringLiteral("NC"), scheda, 80);
-    m_codiceTipologia = new QComboBox(scheda);
-    m_codiceTipologia->setObjectName(QStringLiteral("CodiceTipologia"));
+    m_codiceTipologia = new aiuti::SceltaPigra(
+        QStringLiteral("CodiceTipologia"), [this] { return m_logica->sceltaTipologie(); }, scheda);
     m_codiceTipologia->setEditable(true);
     m_arrivo = campo(QStringLiteral("Arrivo"), scheda, 100);
     m_partenza = campo(QStringLiteral("Partenza"), scheda, 100);
@@ -352,14 +352,14 @@ void PrenotazioneWidget::aggiornaIntestazione()
     SchedaPrenotazione& l = *m_logica;
     m_numero->setText(l.NumeroPrenotazione);
     m_data->setText(l.DataPrenotazione);
-    riempi(m_stato, l.CaricaStato(), l.Stato);
+    m_stato->imposta(l.Stato);
     m_saldato->setChecked(l.Saldato);
     m_saldato->setStyleSheet(l.Saldato ? QStringLiteral("background: #b6e3b6") : QString());
     m_chiusa->setChecked(l.PrenotazioneChiusa);
     m_aCamera->setChecked(l.PrezziACamera);
     m_aPersona->setChecked(l.PrezziAPersona);
-    riempi(m_listinoCamere, l.sceltaListiniCamere(), l.ListinoCamere);
-    riempi(m_listinoTrattamenti, l.sceltaListiniTrattamenti(), l.ListinoTrattamenti);
+    m_listinoCamere->imposta(l.ListinoCamere);
+    m_listinoTrattamenti->imposta(l.ListinoTrattamenti);
     m_listinoCamere->setVisible(l.PrezziACamera);
     m_listinoTrattamenti->setVisible(l.PrezziAPersona);
     m_aggiornaPrezzi->setEnabled(l.PrezziACamera);
@@ -377,7 +377,7 @@ void PrenotazioneWidget::aggiornaCamere()
 {
     SchedaPrenotazione& l = *m_logica;
     m_nc->setText(l.NC);
-    riempi(m_codiceTipologia, l.sceltaTipologie(), l.CodiceTipologia);
+    m_codiceTipologia->imposta(l.CodiceTipologia);
     m_arrivo->setText(l.Arrivo);
     m_partenza->setText(l.Partenza);
     m_prezzoCamera->setText(l.PrezzoCamera);

@@ -18,6 +18,9 @@ class QTableWidget;
 namespace tomvera {
 
 class SchedaPrenotazione;
+namespace aiuti {
+class SceltaPigra;
+}
 
 // F_Prenotazione, "Scheda di Prenotazione": copies the reservation in and out of the logic class and forwards
 // the commands. Three tabs: the rooms, the guests ("DATI CLIENTI"), the extras.
@@ -37,6 +40,7 @@ signals:
     void apriAcconti(qint64 indicePrenotazione); // Command6
     void aggiungiCamera(); // AggiungiCamera: the board in selection mode
     void tornaAlPlanning(); // Command11
+    void apriSchedaCliente(qint64 indiceCliente); // Command14
 
 protected:
     void reject() override; // Escape and the close box go through Fine_Click
@@ -64,7 +68,7 @@ private:
 
     // Header.
     QLineEdit *m_numero, *m_data, *m_codiceAzienda;
-    QComboBox *m_stato, *m_listinoCamere, *m_listinoTrattamenti;
+    aiuti::SceltaPigra *m_stato, *m_listinoCamere, *m_listinoTrattamenti;
     QCheckBox *m_saldato, *m_chiusa;
     QRadioButton *m_aCamera, *m_aPersona;
     QPlainTextEdit* m_note;
@@ -74,7 +78,7 @@ private:
 
     // Rooms.
     QLineEdit *m_nc, *m_arrivo, *m_partenza, *m_prezzoCamera, *m_ivaCamera;
-    QComboBox* m_codiceTipologia;
+    aiuti::SceltaPigra* m_codiceTipologia;
     QLabel* m_label10;
     QTableWidget* m_camere;
     QPushButton* m_aggiornaPrezzi;
@@ -91,7 +95,8 @@ private:
 
     // Extras.
     QLineEdit *m_dataArt, *m_qta, *m_prezzoUnitario, *m_prezzoArt, *m_ivaArt;
-    QComboBox *m_tipoArt, *m_descrizioneArt, *m_nroCameraArt, *m_tipoSel;
+    aiuti::SceltaPigra* m_tipoArt;
+    QComboBox *m_descrizioneArt, *m_nroCameraArt, *m_tipoSel;
     QTableWidget* m_righeArt;
 };
 

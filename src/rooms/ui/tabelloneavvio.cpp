@@ -7,6 +7,7 @@
 #include "foundation/variabili.h"
 #include "rooms/tabellone.h"
 #include "rooms/ui/finestrecatalogo.h"
+#include "rooms/ui/immaginicamera.h"
 #include "rooms/ui/pannellotabellone.h"
 
 #include <QAction>
@@ -100,6 +101,13 @@ void TabelloneAvvio::applicaAllaFinestra()
             b->setVisible(false);
         if (QAction* a = m_finestra.azione(QStringLiteral("mListinoSpiaggia")))
             a->setVisible(false);
+    }
+    // The style's frame colour reaches the button column too, so the window reads as one surface.
+    if (QWidget* centrale = m_finestra.centralWidget()) {
+        QPalette tavolozza = centrale->palette();
+        tavolozza.setColor(QPalette::Window, coloreQt(coloriStile(t.grafica()).sfondoFrame));
+        centrale->setPalette(tavolozza);
+        centrale->setAutoFillBackground(true);
     }
     const bool libero = t.modo() != Tabellone::Modo::AggiuntaCamera;
     for (const QString& nome : Tabellone::controlliAggiuntaCamera()) {
