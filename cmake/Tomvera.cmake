@@ -60,6 +60,8 @@ function(tomvera_test name)
     target_link_libraries(${exe} PRIVATE Qt6::Widgets)
   endif()
   foreach(src IN LISTS A_SOURCES)
+    # The test classes are read from the sources: a new or renamed class must re-run the configuration.
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${src})
     file(STRINGS ${CMAKE_CURRENT_SOURCE_DIR}/${src} lines REGEX "^TOMVERA_TEST\\([A-Za-z0-9_]+\\)")
     foreach(line IN LISTS lines)
       string(REGEX REPLACE "^TOMVERA_TEST\\(([A-Za-z0-9_]+)\\).*" "\\1" cls "${line}")

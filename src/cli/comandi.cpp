@@ -1,5 +1,9 @@
 #include "comandi.h"
 
+#include "foundation/archivio.h"
+#include "foundation/formati.h"
+#include "foundation/schema/definizione.h"
+
 #include <cstdio>
 
 namespace tomvera::cli {
@@ -59,6 +63,53 @@ int Console::errore(const QString& testo)
 {
     err << testo << Qt::endl;
     return EsitoErrore;
+}
+
+QString controllaArgomenti(const Argomenti& argomenti, const QStringList& noti)
+{
+    if (const QStringList fuori = argomenti.sconosciuti(noti); !fuori.isEmpty())
+        return QStringLiteral("Opzione sconosciuta: --") + fuori.first();
+    if (!argomenti.posizionali().isEmpty())
+        return QStringLiteral("Argomento non previsto: ") + argomenti.posizionali().first();
+    return QString();
+}
+
+std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString& nome)
+{
+    const auto v = argomenti.valore(nome);
+    if (!v || v->trimmed().isEmpty())
+        return std::nullopt;
+    return v->trimmed();
+}
+
+std::optional<QDate> dataRichiesta(const Argomenti& argomenti, const QString& nome, QString& errore)
+{
+    const auto testo = testoRichiesto(argomenti, nome);
+    if (!testo) {
+        errore = QStringLiteral("Indicare la data con --") + nome + QStringLiteral(" GG/MM/AAAA");
+        return std::nullopt;
+    }
+    const auto data = leggiData(*testo);
+    if (!data || !data->isValid()) {
+        errore = QStringLiteral("Data non valida: ") + *testo;
+        return std::nullopt;
+    }
+    return data;
+}
+
+QString apriArchivioEsistente(Archivio& archivio, const QStringList& tabelle)
+{
+    const QString& percorso = archivio.percorso();
+    // Never create the file: a missing or foreign file is bad input.
+    if (const QString problema = Archivio::VerificaArchivio(percorso); !problema.isEmpty())
+        return problema + QStringLiteral(": ") + percorso;
+    if (!archivio.apri(Archivio::Apertura::Esistente))
+        return QStringLiteral("Errore apertura Archivio: ") + percorso;
+    for (const QString& tabella : tabelle) {
+        if (!schema::tabellaEsiste(archivio, tabella))
+            return QStringLiteral("L'archivio non contiene la tabella ") + tabella + QStringLiteral(": ") + percorso;
+    }
+    return QString();
 }
 
 } // namespace tomvera::cli

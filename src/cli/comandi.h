@@ -1,10 +1,15 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
 
 #include <optional>
+
+namespace tomvera {
+class Archivio;
+}
 
 namespace tomvera::cli {
 
@@ -39,6 +44,17 @@ struct Console
     int errore(const QString& testo);
 };
 
+// Checks shared by the commands. Each returns the Italian error line, empty when all is in order.
+
+// Unknown options, or bare words where none are expected.
+QString controllaArgomenti(const Argomenti& argomenti, const QStringList& noti);
+// The trimmed value of an option; nullopt when missing or blank.
+std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString& nome);
+// A required date option, day first.
+std::optional<QDate> dataRichiesta(const Argomenti& argomenti, const QString& nome, QString& errore);
+// Opens an archive that must exist (never creating it) and hold the given tables.
+QString apriArchivioEsistente(Archivio& archivio, const QStringList& tabelle);
+
 using FunzioneComando = int (*)(const Argomenti&, Console&);
 
 struct Comando
@@ -48,7 +64,7 @@ struct Comando
     FunzioneComando esegui;
 };
 
-// Each subcommand lives in its own file and is listed in comandi.cpp.
+// Each subcommand lives in its own file and is listed in main.cpp.
 int comandoCreaArchivio(const Argomenti&, Console&);
 int comandoBackup(const Argomenti&, Console&);
 int comandoRipristina(const Argomenti&, Console&);

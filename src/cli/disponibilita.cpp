@@ -8,28 +8,14 @@
 
 namespace tomvera::cli {
 
-namespace {
-
-std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString& nome)
-{
-    const auto v = argomenti.valore(nome);
-    if (!v || v->trimmed().isEmpty())
-        return std::nullopt;
-    return v->trimmed();
-}
-
-} // namespace
-
 int comandoDisponibilita(const Argomenti& argomenti, Console& console)
 {
     const QStringList noti { QStringLiteral("archivio"), QStringLiteral("camera"), QStringLiteral("articolo"),
                              QStringLiteral("numero"),   QStringLiteral("sala"),   QStringLiteral("daora"),
                              QStringLiteral("aora"),     QStringLiteral("dal"),    QStringLiteral("al"),
                              QStringLiteral("escludi") };
-    if (const QStringList fuori = argomenti.sconosciuti(noti); !fuori.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
-    if (!argomenti.posizionali().isEmpty())
-        return console.errore(QStringLiteral("Argomento non previsto: ") + argomenti.posizionali().first());
+    if (const QString errore = controllaArgomenti(argomenti, noti); !errore.isEmpty())
+        return console.errore(errore);
 
     const auto percorso = testoRichiesto(argomenti, QStringLiteral("archivio"));
     if (!percorso)
@@ -71,20 +57,14 @@ int comandoDisponibilita(const Argomenti& argomenti, Console& console)
     if (!articolo && argomenti.presente(QStringLiteral("numero")))
         return console.errore(QStringLiteral("Il numero --numero vale solo per gli articoli della spiaggia"));
 
-    QDate date[2];
-    const QString nomiDate[2] = { QStringLiteral("dal"), QStringLiteral("al") };
-    for (int i = 0; i < 2; ++i) {
-        const auto testo = testoRichiesto(argomenti, nomiDate[i]);
-        if (!testo)
-            return console.errore(QStringLiteral("Indicare la data con --") + nomiDate[i]
-                                  + QStringLiteral(" GG/MM/AAAA"));
-        const auto data = leggiData(*testo);
-        if (!data || !data->isValid())
-            return console.errore(QStringLiteral("Data non valida: ") + *testo);
-        date[i] = *data;
-    }
-    if (date[1] < date[0])
+    QString errore;
+    const auto dal = dataRichiesta(argomenti, QStringLiteral("dal"), errore);
+    const auto al = dal ? dataRichiesta(argomenti, QStringLiteral("al"), errore) : std::nullopt;
+    if (!dal || !al)
+        return console.errore(errore);
+    if (*al < *dal)
         return console.errore(QStringLiteral("La data --al precede la data --dal"));
+    const QDate date[2] = { *dal, *al };
 
     qint64 escludi = 0;
     if (argomenti.presente(QStringLiteral("escludi"))) {
@@ -94,19 +74,13 @@ int comandoDisponibilita(const Argomenti& argomenti, Console& console)
             return console.errore(QStringLiteral("Indice di prenotazione non valido per --escludi"));
     }
 
-    // Never create the file: a missing or foreign file is bad input.
-    if (const QString problema = Archivio::VerificaArchivio(*percorso); !problema.isEmpty())
-        return console.errore(problema + QStringLiteral(": ") + *percorso);
     GestioneErrori errori;
     Archivio archivio(*percorso, errori);
-    if (!archivio.apri(Archivio::Apertura::Esistente))
-        return console.errore(QStringLiteral("Errore apertura Archivio: ") + *percorso);
     const QString tabella = camera ? QStringLiteral("TabellaMovimenti")
         : articolo                 ? QStringLiteral("TabellaMovimentiSpiaggia")
                                    : QStringLiteral("TabellaMovimentiSale");
-    if (!schema::tabellaEsiste(archivio, tabella))
-        return console.errore(QStringLiteral("L'archivio non contiene la tabella ") + tabella + QStringLiteral(": ")
-                              + *percorso);
+    if (const QString problema = apriArchivioEsistente(archivio, { tabella }); !problema.isEmpty())
+        return console.errore(problema);
 
     std::optional<bool> occupata;
     if (camera)

@@ -9,27 +9,13 @@
 
 namespace tomvera::cli {
 
-namespace {
-
-std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString& nome)
-{
-    const auto v = argomenti.valore(nome);
-    if (!v || v->trimmed().isEmpty())
-        return std::nullopt;
-    return v->trimmed();
-}
-
-} // namespace
-
 // The price of a stay as the reservation screen computes it: the amount, then "completo" or "incompleto".
 int comandoPrezzo(const Argomenti& argomenti, Console& console)
 {
     const QStringList noti { QStringLiteral("archivio"),    QStringLiteral("listino"), QStringLiteral("tipologia"),
                              QStringLiteral("trattamento"), QStringLiteral("dal"),     QStringLiteral("al") };
-    if (const QStringList fuori = argomenti.sconosciuti(noti); !fuori.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
-    if (!argomenti.posizionali().isEmpty())
-        return console.errore(QStringLiteral("Argomento non previsto: ") + argomenti.posizionali().first());
+    if (const QString errore = controllaArgomenti(argomenti, noti); !errore.isEmpty())
+        return console.errore(errore);
 
     const auto percorso = testoRichiesto(argomenti, QStringLiteral("archivio"));
     if (!percorso)
@@ -49,32 +35,21 @@ int comandoPrezzo(const Argomenti& argomenti, Console& console)
     if (!chiave)
         return console.errore(QStringLiteral("Indicare un valore per --") + nomeChiave);
 
-    QDate date[2];
-    const QString nomiDate[2] = { QStringLiteral("dal"), QStringLiteral("al") };
-    for (int i = 0; i < 2; ++i) {
-        const auto testo = testoRichiesto(argomenti, nomiDate[i]);
-        if (!testo)
-            return console.errore(QStringLiteral("Indicare la data con --") + nomiDate[i]
-                                  + QStringLiteral(" GG/MM/AAAA"));
-        const auto data = leggiData(*testo);
-        if (!data)
-            return console.errore(QStringLiteral("Data non valida: ") + *testo);
-        date[i] = *data;
-    }
-    if (date[1] < date[0])
+    QString errore;
+    const auto dal = dataRichiesta(argomenti, QStringLiteral("dal"), errore);
+    const auto al = dal ? dataRichiesta(argomenti, QStringLiteral("al"), errore) : std::nullopt;
+    if (!dal || !al)
+        return console.errore(errore);
+    if (*al < *dal)
         return console.errore(QStringLiteral("La data --al precede la data --dal"));
+    const QDate date[2] = { *dal, *al };
 
-    if (const QString problema = Archivio::VerificaArchivio(*percorso); !problema.isEmpty())
-        return console.errore(problema + QStringLiteral(": ") + *percorso);
     GestioneErrori errori;
     Archivio archivio(*percorso, errori);
-    if (!archivio.apri(Archivio::Apertura::Esistente))
-        return console.errore(QStringLiteral("Errore apertura Archivio: ") + *percorso);
     const auto tipo = perTipologia ? prezzi::TipoListino::ACamera : prezzi::TipoListino::APersona;
-    const QString tabella = prezzi::tabellaListino(tipo).tabella;
-    if (!schema::tabellaEsiste(archivio, tabella))
-        return console.errore(QStringLiteral("L'archivio non contiene la tabella ") + tabella + QStringLiteral(": ")
-                              + *percorso);
+    if (const QString problema = apriArchivioEsistente(archivio, { prezzi::tabellaListino(tipo).tabella });
+        !problema.isEmpty())
+        return console.errore(problema);
 
     prezzi::CalcoloPrezzi calcolo(archivio);
     calcolo.ListinoCompleto = true;

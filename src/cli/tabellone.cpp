@@ -10,45 +10,22 @@
 
 namespace tomvera::cli {
 
-namespace {
-
-std::optional<QDate> dataArgomento(const Argomenti& argomenti, const QString& nome, Console& console, int& esito)
-{
-    const QString testo = argomenti.valore(nome).value_or(QString()).trimmed();
-    if (testo.isEmpty()) {
-        esito = console.errore(QStringLiteral("Indicare la data con --") + nome + QStringLiteral(" GG/MM/AAAA"));
-        return std::nullopt;
-    }
-    const auto data = leggiData(testo);
-    if (!data || !data->isValid()) {
-        esito = console.errore(QStringLiteral("Data non valida: ") + testo);
-        return std::nullopt;
-    }
-    return data;
-}
-
-} // namespace
-
 // The board as text: one line per drawn room, then the two counters as the board shows them.
 int comandoTabellone(const Argomenti& argomenti, Console& console)
 {
     const QStringList noti { QStringLiteral("archivio"), QStringLiteral("dal"), QStringLiteral("al"),
                              QStringLiteral("piano") };
-    if (const QStringList fuori = argomenti.sconosciuti(noti); !fuori.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
-    if (!argomenti.posizionali().isEmpty())
-        return console.errore(QStringLiteral("Argomento non previsto: ") + argomenti.posizionali().first());
-    const QString percorso = argomenti.valore(QStringLiteral("archivio")).value_or(QString()).trimmed();
+    if (const QString errore = controllaArgomenti(argomenti, noti); !errore.isEmpty())
+        return console.errore(errore);
+    const QString percorso = testoRichiesto(argomenti, QStringLiteral("archivio")).value_or(QString());
     if (percorso.isEmpty())
         return console.errore(QStringLiteral("Indicare l'archivio con --archivio PERCORSO"));
 
-    int esito = EsitoOk;
-    const auto dal = dataArgomento(argomenti, QStringLiteral("dal"), console, esito);
-    if (!dal)
-        return esito;
-    const auto al = dataArgomento(argomenti, QStringLiteral("al"), console, esito);
-    if (!al)
-        return esito;
+    QString errore;
+    const auto dal = dataRichiesta(argomenti, QStringLiteral("dal"), errore);
+    const auto al = dal ? dataRichiesta(argomenti, QStringLiteral("al"), errore) : std::nullopt;
+    if (!dal || !al)
+        return console.errore(errore);
     if (*al <= *dal)
         return console.errore(QStringLiteral("La data --al deve seguire la data --dal"));
 
@@ -61,17 +38,14 @@ int comandoTabellone(const Argomenti& argomenti, Console& console)
         piano = n;
     }
 
-    // Never create the file: a missing or foreign file is bad input.
-    if (const QString problema = Archivio::VerificaArchivio(percorso); !problema.isEmpty())
-        return console.errore(problema + QStringLiteral(": ") + percorso);
     GestioneErrori errori;
     Archivio archivio(percorso, errori);
-    if (!archivio.apri(Archivio::Apertura::Esistente))
-        return console.errore(QStringLiteral("Errore apertura Archivio: ") + percorso);
-    for (const char* tabella : { "TabellaStrutturaCamere", "TabellaTipologieCamere", "TabellaMovimenti" })
-        if (!schema::tabellaEsiste(archivio, QString::fromLatin1(tabella)))
-            return console.errore(QStringLiteral("L'archivio non contiene la tabella ") + QString::fromLatin1(tabella)
-                                  + QStringLiteral(": ") + percorso);
+    if (const QString problema = apriArchivioEsistente(
+            archivio,
+            { QStringLiteral("TabellaStrutturaCamere"), QStringLiteral("TabellaTipologieCamere"),
+              QStringLiteral("TabellaMovimenti") });
+        !problema.isEmpty())
+        return console.errore(problema);
 
     const auto configurazione = configurazione::leggi(archivio);
     const int righe = configurazione ? configurazione->Righe : 0;

@@ -95,6 +95,7 @@ void SchedaPrenotazione::dopoInserimentoCamera()
     if (GrigliaCamerePrenotate.size() == 1)
         NroCameraCliente_Click(GrigliaCamerePrenotate.first().NroCamera);
     m_modificato = true;
+    CalcolaTotale_Click();
 }
 
 void SchedaPrenotazione::GrigliaCamerePrenotate_DblClick(int riga)
@@ -113,6 +114,7 @@ void SchedaPrenotazione::GrigliaCamerePrenotate_DblClick(int riga)
     GrigliaCamerePrenotate.removeAt(riga);
     rinumeraCamere();
     m_modificato = true;
+    CalcolaTotale_Click();
 }
 
 void SchedaPrenotazione::GrigliaCamerePrenotate_Escape()

@@ -219,16 +219,24 @@ bool SchedaPrenotazione::TrovataIntersezione()
 
 void SchedaPrenotazione::applicaCheckInSky(QList<RigaCamera>& camere)
 {
-    if (!m_sessione.configurazione->Sky)
+    if (!m_sessione.configurazione->Sky || m_sessione.PercorsoArchivioSky.isEmpty())
         return;
+    QStringList arrivati;
     for (const OspitePrenotazione& o : std::as_const(GrigliaAnagrafiche)) {
-        if (o.NroArrivo() == 0 || o.NroCameraCliente().isEmpty())
-            continue;
-        if (!m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaCamereSky WHERE camera = ?"),
-                                   { o.NroCameraCliente() }))
+        if (o.NroArrivo() != 0 && !o.NroCameraCliente().isEmpty())
+            arrivati << o.NroCameraCliente();
+    }
+    if (arrivati.isEmpty())
+        return;
+    // The pay-TV rooms are listed in the link's own archive.
+    Archivio sky(m_sessione.PercorsoArchivioSky, m_sessione.errori);
+    if (!sky.apri())
+        return;
+    for (const QString& camera : std::as_const(arrivati)) {
+        if (!sky.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaCamereSky WHERE camera = ?"), { camera }))
             continue;
         for (RigaCamera& c : camere) {
-            if (c.NroCamera.compare(o.NroCameraCliente(), Qt::CaseInsensitive) == 0) {
+            if (c.NroCamera.compare(camera, Qt::CaseInsensitive) == 0) {
                 c.CheckInSky = 1;
                 c.CheckOutSky = 0;
             }
@@ -263,6 +271,8 @@ bool SchedaPrenotazione::Registra_Click()
             QStringLiteral("Attenzione si stà aggiornando una prenotazione già esistente. Continuare?")))
         return false;
 
+    // The stored total is the one of what is being saved, whatever the screen showed last.
+    CalcolaTotale_Click();
     Prenotazione p;
     p.Indice = Indice;
     p.NumeroPrenotazione = static_cast<int>(numero(NumeroPrenotazione));

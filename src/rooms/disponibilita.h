@@ -38,7 +38,7 @@ std::optional<bool> interrogaSala(Archivio& archivio, qint64 escludi, const QStr
 
 // In-memory twins, for rows of a reservation not saved yet. Codes compare as the archive does (case aside);
 // different codes never conflict.
-// A is the stored row, B the request: the same rule as the room query.
+// Rooms and beach items: A is the stored row, B the request, with the rule of the archive query.
 bool IntersezioneCamere(const QString& codiceA, const QDate& dalA, const QDate& alA, const QString& codiceB,
                         const QDate& dalB, const QDate& alB);
 bool IntersezioneArticoli(const QString& codiceA, const QString& numeroA, const QDate& dalA, const QDate& alA,
@@ -59,7 +59,8 @@ struct PrenotazioniCamera
 };
 PrenotazioniCamera PiuPrenotazioni(Archivio& archivio, const QString& nroCamera, const QDate& dal, const QDate& al);
 
-// Guests of open reservations staying in the room in the board's period, as text; "0" for invalid dates.
+// Guests of open reservations staying in the room in the board's period, arrived or not, as text; "0" for
+// invalid dates.
 QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCamera, const QDate& dal, const QDate& al);
 // Whether a guest of the reservation in that room is marked arrived.
 bool PersoneArrivate(Archivio& archivio, const QString& nroCamera, qint64 indicePrenotazione);

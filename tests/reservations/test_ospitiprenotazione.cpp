@@ -314,6 +314,8 @@ void TestAccessoriEAcconti::accontiETotaliDallArchivio()
     b.interazione().rispondiSi(QStringLiteral("non ci sono clienti"));
     s->Abbuono = QStringLiteral("20");
     QVERIFY(s->Registra_Click());
+    // The header keeps the total of what was saved, abatement included.
+    QCOMPARE(b.archivio().valore(QStringLiteral("SELECT Totale FROM TabellaPrenotazioni")).toDouble(), 180.0);
     QVERIFY(s->Command6_Click());
 
     SchedaAcconti a(b.archivio(), b.interazione(), b.orologio, SchedaAcconti::Modo::Camere, s->Indice);

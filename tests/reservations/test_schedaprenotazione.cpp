@@ -1,4 +1,6 @@
 #include "costruttori.h"
+#include "foundation/schema/definizione.h"
+#include "foundation/schema/tabelle.h"
 #include "reservations/acconti.h"
 #include "testmain.h"
 
@@ -25,6 +27,8 @@ private slots:
     void salvataggioFallitoLasciaLArchivioComEra();
     void cancellaChiedeDueVolte();
     void esciChiedeDiSalvare();
+    void scorrimentoEStati();
+    void aziendaEPayTv();
 };
 
 void TestRegistraPrenotazione::nuovaDalTabelloneSiRegistraESiRiapre()
@@ -215,6 +219,82 @@ void TestRegistraPrenotazione::esciChiedeDiSalvare()
     b.sessione.permessi->PrenotazioniSoloLettura = true;
     QVERIFY(!s->SettaPermessiUtente().Registra);
     QVERIFY(s->Fine_Click());
+    QVERIFY(b.interazione().errore().isEmpty());
+}
+
+void TestRegistraPrenotazione::scorrimentoEStati()
+{
+    BancoPrenotazioni b;
+    b.camera(QStringLiteral("101"));
+    QList<qint64> indici;
+    for (const QString& stato :
+         { QStringLiteral("Confermata"), QStringLiteral("Saldato"), QStringLiteral("Opzione") }) {
+        auto s = b.scheda(0,
+                          { { QStringLiteral("101"), QDate(2026, 7, 1).addDays(10 * indici.size()),
+                              QDate(2026, 7, 3).addDays(10 * indici.size()) } });
+        BancoPrenotazioni::inserisciOspite(*s, QStringLiteral("Rossi"), QString::number(indici.size()), famiglia);
+        s->Stato = stato;
+        QVERIFY(s->Registra_Click());
+        indici << s->Indice;
+    }
+    // "Saldato" lives in its own flag, never among the words offered.
+    auto s = b.scheda();
+    QCOMPARE(s->CaricaStato(), QStringList({ QStringLiteral("Opzione"), QStringLiteral("Confermata") }));
+    s->Avanti_Click(); // a new screen goes to the newest
+    QCOMPARE(s->Indice, indici.at(2));
+    s->Indietro_Click();
+    QCOMPARE(s->Indice, indici.at(1));
+    QCOMPARE(s->GrigliaCamerePrenotate.first().Dal, QDate(2026, 7, 11));
+    QVERIFY(!s->modificato());
+    s->Indietro_Click();
+    s->Indietro_Click(); // nothing before the first: the screen stays
+    QCOMPARE(s->Indice, indici.at(0));
+    s->Avanti_Click();
+    s->Avanti_Click();
+    s->Avanti_Click();
+    QCOMPARE(s->Indice, indici.at(2));
+}
+
+void TestRegistraPrenotazione::aziendaEPayTv()
+{
+    BancoPrenotazioni b;
+    b.sessione.configurazione->MultiAzienda = true;
+    b.sessione.configurazione->Sky = true;
+    b.archivio().comando(QStringLiteral("INSERT INTO TabellaStrutturaCamere (NroCamera, CodiceTipologia, NroPiano, "
+                                        "CodiceAzienda) VALUES ('101', 'DBL', 1, 'Mare'), ('201', 'DBL', 2, 'Monti')"));
+    // The pay-TV rooms are listed in the link's own archive.
+    b.sessione.PercorsoArchivioSky = b.t.cartella() + QStringLiteral("/ArchivioSky.mdb");
+    {
+        Archivio sky(b.sessione.PercorsoArchivioSky, b.t.errori());
+        QVERIFY(sky.apri(Archivio::Apertura::Crea));
+        for (const auto& tabella : schema::tabelleArchivioSky())
+            schema::applicaTabella(sky, tabella);
+        QVERIFY(sky.comando(QStringLiteral("INSERT INTO TabellaCamereSky (camera) VALUES ('101')")));
+    }
+    auto s = b.scheda();
+    s->CodiceAzienda = QStringLiteral("Mare");
+    BancoPrenotazioni::inserisciCamera(*s, QStringLiteral("201"), QStringLiteral("01/07/2026"),
+                                       QStringLiteral("03/07/2026"));
+    QCOMPARE(b.interazione().messaggi(),
+             QStringList(QStringLiteral("OPERAZIONE NON POSSIBILE!\n\nCamera associata all'azienda Monti")));
+    BancoPrenotazioni::inserisciCamera(*s, QStringLiteral("101"), QStringLiteral("01/07/2026"),
+                                       QStringLiteral("03/07/2026"));
+    BancoPrenotazioni::inserisciOspite(*s, QStringLiteral("Rossi"), QStringLiteral("Mario"), famiglia);
+    QVERIFY(s->Registra_Click());
+    // No arrival yet: the pay-TV room stays closed.
+    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaMovimenti WHERE CheckInSky = 1")), 0);
+    s->SelezioneNormaleCliente(0);
+    s->Command13_Click();
+    s->Command4_Click();
+    b.interazione().rispondiSi(QStringLiteral("già esistente"));
+    QVERIFY(s->Registra_Click());
+    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaMovimenti WHERE CheckInSky = 1 AND CheckOutSky = 0 "
+                                    "AND NroCamera = '101'")),
+             1);
+    // The guest row carries the reservation's company.
+    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaAnagraficheAssociatePrenotazioni "
+                                    "WHERE CodiceAzienda = 'Mare'")),
+             1);
     QVERIFY(b.interazione().errore().isEmpty());
 }
 

@@ -35,6 +35,15 @@ const IndicePrestazioni indici[] = {
       "NroCameraCliente, DataPartenza, DataArrivo" },
     { "TabellaAnagraficheAssociatePrenotazioni_CameraArrivo", "TabellaAnagraficheAssociatePrenotazioni",
       "NroCameraCliente, DataArrivo, DataPartenza" },
+    // The stays of a guest card, and the guard before deleting a card.
+    { "TabellaAnagraficheAssociatePrenotazioni_Cliente", "TabellaAnagraficheAssociatePrenotazioni", "IndiceCliente" },
+    // Name look-ahead on the guest card and on the reservation's guest line.
+    { "TabellaAnagrafiche_CognomeNome", "TabellaAnagrafiche", "Cognome, Nome" },
+    { "TabellaAnagrafiche_NomeCognome", "TabellaAnagrafiche", "Nome, Cognome" },
+    { "TabellaAnagrafiche_RagSociale", "TabellaAnagrafiche", "RagSociale" },
+    // A stay is priced from the rows of one list and key, read in one query.
+    { "TabellaListinoCamere_ListinoTipologia", "TabellaListinoCamere", "Listino, CodiceTipologia" },
+    { "TabellaListinoCamereAPersona_ListinoTrattamento", "TabellaListinoCamereAPersona", "Listino, Trattamento" },
 };
 
 } // namespace

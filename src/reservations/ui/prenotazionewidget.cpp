@@ -164,6 +164,10 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
             [this](const QString& l) { comando([this, l] { m_logica->ListinoTrattamenti_Click(l); }); });
     for (QLineEdit* e : { m_numero, m_data })
         connect(e, &QLineEdit::textEdited, this, [this] { m_logica->segnaModificato(); });
+    connect(m_stato, &QComboBox::editTextChanged, this, [this] {
+        if (!m_aggiornando)
+            m_logica->segnaModificato();
+    });
 
     m_codiceAzienda->setVisible(m_logica->multiAzienda());
     resize(1180, 720);
