@@ -12,6 +12,7 @@
 #include "maintenance/backup.h"
 #include "maintenance/schermobackup.h"
 #include "maintenance/ui/backupwidget.h"
+#include "reservations/ui/collegamentoprenotazioni.h"
 #include "rooms/ui/tabelloneavvio.h"
 
 #include <QApplication>
@@ -104,7 +105,9 @@ void collegaComandi(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessione)
     collegaInformazioni(finestra, sessione);
     collegaArchivi(finestra, sessione);
     // The planning board fills the central area; the window owns it.
-    new TabelloneAvvio(finestra, sessione);
+    auto* tabellone = new TabelloneAvvio(finestra, sessione);
+    // Clicks on the tiles open the reservation screens; the board refreshes when they close.
+    collegaPrenotazioni(tabellone->logica(), sessione, &finestra);
 }
 
 } // namespace tomvera

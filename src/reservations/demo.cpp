@@ -2,6 +2,7 @@
 
 #include "foundation/archivio.h"
 #include "foundation/formati.h"
+#include "foundation/variabili.h"
 
 #include <QSqlQuery>
 
@@ -282,6 +283,11 @@ bool Generatore::listini()
                 return false;
         }
     }
+    // The reservation screen proposes these lists from the start.
+    Variabili variabili(m_archivio);
+    if (!variabili.SalvaVariabileStringa(QStringLiteral("F_Prenotazione_ListinoCamere"), listino)
+        || !variabili.SalvaVariabileStringa(QStringLiteral("F_Prenotazione_ListinoTrattamenti"), QStringLiteral("Listino a Persona")))
+        return false;
     struct Voce
     {
         const char* tipo;
