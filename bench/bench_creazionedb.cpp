@@ -4,11 +4,10 @@
 #include "foundation/archivio.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/creazionedb.h"
+#include "supporto.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 
 using namespace tomvera;
 
@@ -84,9 +83,5 @@ BENCHMARK(BM_ValorizzaCampiNulli)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::esegui(argc, argv);
 }

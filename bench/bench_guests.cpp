@@ -1,60 +1,30 @@
 // Lookups and completions of the guest card on the full municipality table (11,284 official rows, or as many
 // made-up ones when the official files are not at hand) and 20,000 guest cards. Target: each under 5 ms.
-#include "foundation/archivio.h"
-#include "foundation/gestioneerrori.h"
-#include "foundation/interazione.h"
 #include "foundation/orologio.h"
 #include "foundation/schema/definizione.h"
 #include "foundation/schema/tabelle.h"
 #include "guests/importacodici.h"
 #include "guests/schedaanagrafica.h"
 #include "guests/tabellecodici.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QTemporaryDir>
-#include <benchmark/benchmark.h>
-#include <cstdio>
-#include <cstdlib>
+#include "supporto.h"
 
 using namespace tomvera;
 
 namespace {
 
 // The card asks nothing in these lookups: any question is a fault of the benchmark.
-class InterazioneMuta : public Interazione
+struct ArchivioOspiti : bench::ArchivioDiProva
 {
-public:
-    void messaggio(const QString&, const QString&, Icona) override { }
-    bool domandaSiNo(const QString&, const QString&, Icona) override { return false; }
-    bool okAnnulla(const QString&, const QString&, Icona) override { return false; }
-    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaAprire(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaSalvare(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliCartella(const QString&, const QString&) override { return {}; }
-    void avviso(TipoAvviso, const QString&, int, bool) override { }
-    void archivioOccupato(int) override { }
-};
-
-struct ArchivioOspiti
-{
-    QTemporaryDir cartella;
-    GestioneErrori errori;
-    InterazioneMuta interazione;
+    bench::InterazioneMuta interazione;
     Orologio orologio;
-    std::unique_ptr<Archivio> archivio;
 
     ArchivioOspiti()
     {
-        archivio = std::make_unique<Archivio>(QDir(cartella.path()).filePath(QStringLiteral("Archivio.mdb")), errori);
-        if (!archivio->apri(Archivio::Apertura::Crea)) {
-            std::fprintf(stderr, "Archivio di prova non creato\n");
-            std::exit(EXIT_FAILURE);
-        }
+        creaVuoto();
         for (const schema::Tabella& t :
              { schema::TabellaAnagrafiche(), schema::TabellaAnagraficheAssociatePrenotazioni(),
                schema::TabellaCodiciComuni() })
-            schema::applicaTabella(*archivio, t);
+            schema::applicaTabella(archivio(), t);
         riempiComuni();
         riempiOspiti();
         // The indexes the name look-ahead needs (TOMVERA_BENCH_SENZA_INDICI=1 measures without them).
@@ -62,8 +32,8 @@ struct ArchivioOspiti
             for (const char* sql : { "CREATE INDEX IF NOT EXISTS Cognome ON TabellaAnagrafiche (Cognome, Nome)",
                                      "CREATE INDEX IF NOT EXISTS Nome ON TabellaAnagrafiche (Nome, Cognome)",
                                      "CREATE INDEX IF NOT EXISTS RagSociale ON TabellaAnagrafiche (RagSociale)" })
-                archivio->comando(QString::fromUtf8(sql));
-        archivio->comando(QStringLiteral("ANALYZE"));
+                archivio().comando(QString::fromUtf8(sql));
+        archivio().comando(QStringLiteral("ANALYZE"));
     }
 
     void riempiComuni()
@@ -76,16 +46,17 @@ struct ArchivioOspiti
             righe.append(RigaCodice { QString::number(400000000 + i),
                                       QStringLiteral("COMUNE %1").arg(i, 5, 10, QLatin1Char('0')),
                                       QStringLiteral("P%1").arg(i % 107) });
-        scriviRigheCodici(*archivio, TabellaCodici::Comuni, righe);
+        scriviRigheCodici(archivio(), TabellaCodici::Comuni, righe);
         // Postal codes as a hotel that filled them in would have them.
-        archivio->comando(QStringLiteral("UPDATE TabellaCodiciComuni SET Cap = printf('%05d', Indice % 9000 + 10000)"));
+        archivio().comando(
+            QStringLiteral("UPDATE TabellaCodiciComuni SET Cap = printf('%05d', Indice % 9000 + 10000)"));
     }
 
     void riempiOspiti()
     {
-        Transazione t(*archivio);
+        Transazione t(archivio());
         for (int i = 0; i < 20000; ++i)
-            archivio->comando(
+            archivio().comando(
                 QStringLiteral("INSERT INTO TabellaAnagrafiche (CodiceAnagrafica, RagSociale, Cognome, Nome) "
                                "VALUES (?, ?, ?, ?)"),
                 { QString::number(i + 1), QStringLiteral("COGNOME%1 NOME%2").arg(i).arg(i % 97),
@@ -94,7 +65,7 @@ struct ArchivioOspiti
     }
 };
 
-ArchivioOspiti& archivio()
+ArchivioOspiti& ospiti()
 {
     static ArchivioOspiti a;
     return a;
@@ -102,38 +73,38 @@ ArchivioOspiti& archivio()
 
 void codiceConApostrofo(benchmark::State& stato)
 {
-    Archivio& a = *archivio().archivio;
+    Archivio& a = ospiti().archivio();
     for (auto _ : stato)
         benchmark::DoNotOptimize(CercaCodiceTabella(a, QStringLiteral("L'AQUILA"), QStringLiteral("Comune")));
 }
 
 void completaComune(benchmark::State& stato, SchedaAnagrafica::CampoComune campo, const QString& testo)
 {
-    auto& a = archivio();
-    SchedaAnagrafica scheda(*a.archivio, a.interazione, a.orologio);
+    auto& a = ospiti();
+    SchedaAnagrafica scheda(a.archivio(), a.interazione, a.orologio);
     for (auto _ : stato)
         benchmark::DoNotOptimize(scheda.COMUNE_Ricerca(campo, testo));
 }
 
 void luogoDiNascita(benchmark::State& stato)
 {
-    auto& a = archivio();
-    SchedaAnagrafica scheda(*a.archivio, a.interazione, a.orologio);
+    auto& a = ospiti();
+    SchedaAnagrafica scheda(a.archivio(), a.interazione, a.orologio);
     for (auto _ : stato)
         benchmark::DoNotOptimize(scheda.proposteLuogo(QStringLiteral("SAN")));
 }
 
 void nomeInAnticipo(benchmark::State& stato, SchedaAnagrafica::CampoNome campo, const QString& testo)
 {
-    auto& a = archivio();
-    SchedaAnagrafica scheda(*a.archivio, a.interazione, a.orologio);
+    auto& a = ospiti();
+    SchedaAnagrafica scheda(a.archivio(), a.interazione, a.orologio);
     for (auto _ : stato)
         benchmark::DoNotOptimize(scheda.proposteNome(campo, testo));
 }
 
 void prossimoCodice(benchmark::State& stato)
 {
-    Archivio& a = *archivio().archivio;
+    Archivio& a = ospiti().archivio();
     for (auto _ : stato)
         benchmark::DoNotOptimize(ProssimoCodiceAnagrafica(a));
 }
@@ -158,10 +129,5 @@ BENCHMARK(prossimoCodice)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    archivio();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::esegui(argc, argv, [] { ospiti(); });
 }

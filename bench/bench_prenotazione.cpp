@@ -1,24 +1,15 @@
 // The reservation screen on a demo hotel of 200 rooms and ten years: opening a reservation of 10 rooms and
 // 40 guests (target < 20 ms) and saving it without dialogues (< 50 ms); the demo itself (< 60 s).
-#include "foundation/archivio.h"
-#include "foundation/gestioneerrori.h"
-#include "foundation/interazione.h"
 #include "foundation/orologio.h"
 #include "foundation/permessi.h"
-#include "foundation/schema/creazionedb.h"
-#include "foundation/schema/indiciprestazioni.h"
 #include "foundation/sessione.h"
 #include "reservations/demo.h"
 #include "reservations/prenotazione.h"
 #include "reservations/schedaprenotazione.h"
+#include "supporto.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
-#include <benchmark/benchmark.h>
 #include <cstdio>
-#include <cstdlib>
 
 using namespace tomvera;
 
@@ -26,30 +17,10 @@ namespace {
 
 const QDate oggi(2026, 6, 10);
 
-// A benchmark answers no question: every dialogue is a fault here.
-class InterazioneMuta : public Interazione
+struct Albergo : bench::ArchivioDiProva
 {
-public:
-    void messaggio(const QString& testo, const QString&, Icona) override
-    {
-        std::fprintf(stderr, "messaggio inatteso: %s\n", qPrintable(testo));
-    }
-    bool domandaSiNo(const QString&, const QString&, Icona) override { return true; }
-    bool okAnnulla(const QString&, const QString&, Icona) override { return true; }
-    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaAprire(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaSalvare(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliCartella(const QString&, const QString&) override { return {}; }
-    void avviso(TipoAvviso, const QString&, int, bool) override { }
-    void archivioOccupato(int) override { }
-};
-
-struct Albergo
-{
-    QTemporaryDir cartella;
-    GestioneErrori errori;
-    std::unique_ptr<Archivio> archivio;
-    InterazioneMuta interazione;
+    // Questions are answered yes, so a save goes through; any message is a fault here.
+    bench::InterazioneMuta interazione { true };
     OrologioFisso orologio { QDateTime(oggi, QTime(10, 0)) };
     std::unique_ptr<Sessione> sessione;
     qint64 grande = 0; // the reservation of 10 rooms and 40 guests
@@ -57,44 +28,32 @@ struct Albergo
 
     Albergo()
     {
-        const QString percorso = QDir(cartella.path()).filePath(QStringLiteral("Archivio.mdb"));
-        CreazioneDB::Percorsi percorsi;
-        percorsi.archivio = percorso;
-        CreazioneDB(percorsi, errori).CreaDB_Click();
-        archivio = std::make_unique<Archivio>(percorso, errori);
-        if (!archivio->apri()) {
-            std::fprintf(stderr, "Archivio di prova non creato\n");
-            std::exit(EXIT_FAILURE);
-        }
+        crea({});
         QElapsedTimer tempo;
         tempo.start();
         OpzioniDemo opzioni;
         opzioni.camere = 200;
         opzioni.anni = 10;
         opzioni.oggi = oggi;
-        const EsitoDemo esito = GeneraDemo(*archivio, opzioni);
+        const EsitoDemo esito = GeneraDemo(archivio(), opzioni);
         secondiDemo = tempo.elapsed() / 1000.0;
-        if (!esito.ok) {
-            std::fprintf(stderr, "Demo non generata: %s\n", qPrintable(esito.errore));
-            std::exit(EXIT_FAILURE);
-        }
+        if (!esito.ok)
+            bench::interrompi(QStringLiteral("Demo non generata: ") + esito.errore);
         std::fprintf(stderr, "genera-demo 200 camere x 10 anni: %.1f s, %d prenotazioni, %d ospiti\n", secondiDemo,
                      esito.prenotazioni, esito.ospiti);
-        schema::applicaIndiciPrestazioni(*archivio);
-        archivio->comando(QStringLiteral("ANALYZE"));
+        ottimizza();
         sessione = std::make_unique<Sessione>(interazione, orologio, errori);
         sessione->permessi->amministratore = true;
         creaGrande();
     }
-
     // Ten rooms far in the future (free), four guests each.
     void creaGrande()
     {
         Prenotazione p;
         p.NumeroPrenotazione = 99999;
         p.DataPrenotazione = oggi;
-        const auto camere = archivio->righe(QStringLiteral("SELECT NroCamera, CodiceTipologia FROM "
-                                                           "TabellaStrutturaCamere ORDER BY Indice LIMIT 10"));
+        const auto camere = archivio().righe(QStringLiteral("SELECT NroCamera, CodiceTipologia FROM "
+                                                            "TabellaStrutturaCamere ORDER BY Indice LIMIT 10"));
         int riga = 0;
         for (const auto& c : camere) {
             RigaCamera r;
@@ -119,10 +78,8 @@ struct Albergo
                 p.ospiti.append(o);
             }
         }
-        if (!ArchivioPrenotazioni(*archivio).salva(p)) {
-            std::fprintf(stderr, "Prenotazione grande non salvata\n");
-            std::exit(EXIT_FAILURE);
-        }
+        if (!ArchivioPrenotazioni(archivio()).salva(p))
+            bench::interrompi(QStringLiteral("Prenotazione grande non salvata"));
         grande = p.Indice;
     }
 };
@@ -137,7 +94,7 @@ void BM_ApriPrenotazione(benchmark::State& stato)
 {
     Albergo& a = albergo();
     for (auto _ : stato) {
-        SchedaPrenotazione scheda(*a.sessione, *a.archivio);
+        SchedaPrenotazione scheda(*a.sessione, a.archivio());
         scheda.Form_Load(a.grande);
         benchmark::DoNotOptimize(scheda.GrigliaAnagrafiche.size());
     }
@@ -147,7 +104,7 @@ BENCHMARK(BM_ApriPrenotazione)->Unit(benchmark::kMillisecond);
 void BM_RegistraPrenotazione(benchmark::State& stato)
 {
     Albergo& a = albergo();
-    SchedaPrenotazione scheda(*a.sessione, *a.archivio);
+    SchedaPrenotazione scheda(*a.sessione, a.archivio());
     scheda.Form_Load(a.grande);
     scheda.SalvataggioSilenzioso = true;
     for (auto _ : stato) {
@@ -161,12 +118,5 @@ BENCHMARK(BM_RegistraPrenotazione)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    albergo();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::esegui(argc, argv, [] { albergo(); });
 }

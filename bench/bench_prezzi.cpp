@@ -1,18 +1,9 @@
 // The price of a 30-night stay across three seasons, under a list of 2,000 rows with nightly and weekly blocks.
 // Target: under 0.5 ms from the archive (one query and the greedy rule in memory).
-#include "foundation/archivio.h"
-#include "foundation/gestioneerrori.h"
-#include "foundation/schema/creazionedb.h"
-#include "foundation/schema/definizione.h"
 #include "pricelists/calcoloprezzi.h"
+#include "supporto.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QSqlQuery>
-#include <QTemporaryDir>
-#include <benchmark/benchmark.h>
-#include <cstdio>
-#include <cstdlib>
 
 using namespace tomvera;
 using namespace tomvera::prezzi;
@@ -54,25 +45,13 @@ std::vector<RigaListino> righeDiUnaTipologia(int quante)
     return righe;
 }
 
-struct ArchivioListini
+struct ArchivioListini : bench::ArchivioDiProva
 {
-    QTemporaryDir cartella;
-    GestioneErrori errori;
-    std::unique_ptr<Archivio> archivio;
-
     ArchivioListini()
     {
-        const QString percorso = QDir(cartella.path()).filePath(QStringLiteral("Archivio.mdb"));
-        CreazioneDB::Percorsi percorsi;
-        percorsi.archivio = percorso;
-        CreazioneDB(percorsi, errori).CreaDB_Click();
-        archivio = std::make_unique<Archivio>(percorso, errori);
-        if (!archivio->apri() || !schema::tabellaEsiste(*archivio, QStringLiteral("TabellaListinoCamere"))) {
-            std::fprintf(stderr, "Archivio di prova non creato\n");
-            std::exit(EXIT_FAILURE);
-        }
-        Transazione tr(*archivio);
-        QSqlQuery riga(archivio->connessione());
+        crea({ QStringLiteral("TabellaListinoCamere") });
+        Transazione tr(archivio());
+        QSqlQuery riga(archivio().connessione());
         riga.prepare(QStringLiteral("INSERT INTO TabellaListinoCamere (Listino, CodiceTipologia, Dal, Al, Prezzo, Iva,"
                                     " Giorni) VALUES ('Estate', ?, ?, ?, ?, ?, ?)"));
         for (int t = 0; t < tipologie; ++t) {
@@ -87,23 +66,23 @@ struct ArchivioListini
             }
         }
         // Another list in the same table, which the query has to skip.
-        archivio->comando(QStringLiteral("INSERT INTO TabellaListinoCamere (Listino, CodiceTipologia, Dal, Al, "
-                                         "Prezzo, Iva, Giorni) SELECT 'Inverno', CodiceTipologia, Dal, Al, Prezzo, "
-                                         "Iva, Giorni FROM TabellaListinoCamere"));
+        archivio().comando(QStringLiteral("INSERT INTO TabellaListinoCamere (Listino, CodiceTipologia, Dal, Al, "
+                                          "Prezzo, Iva, Giorni) SELECT 'Inverno', CodiceTipologia, Dal, Al, Prezzo, "
+                                          "Iva, Giorni FROM TabellaListinoCamere"));
         tr.commit();
     }
 };
 
-ArchivioListini& listini()
+Archivio& listini()
 {
     static ArchivioListini a;
-    return a;
+    return a.archivio();
 }
 
 // The reservation's way: a new pass, one query for the list and type, the rule in memory.
 void BM_SoggiornoDaArchivio(benchmark::State& stato)
 {
-    Archivio& archivio = *listini().archivio;
+    Archivio& archivio = listini();
     double prezzo = 0;
     for (auto _ : stato) {
         CalcoloPrezzi calcolo(archivio);
@@ -129,10 +108,5 @@ BENCHMARK(BM_SoggiornoInMemoria2000Righe)->Unit(benchmark::kMicrosecond);
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    listini();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return bench::esegui(argc, argv, [] { listini(); });
 }

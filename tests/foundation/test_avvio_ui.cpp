@@ -10,6 +10,7 @@
 #include "foundation/ui/finestraavvio.h"
 #include "foundation/utenti.h"
 #include "interazionescriptata.h"
+#include "fotografie.h"
 #include "testmain.h"
 
 #include <QAction>
@@ -29,12 +30,7 @@ namespace {
 
 void fotografa(QWidget& w, const char* nome)
 {
-    const QString cartella = qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/../../docs/screenshots");
-    if (!QDir(cartella).exists())
-        return;
-    // Let pending layouts (menu bar, status bar) settle before the picture.
-    QTest::qWait(50);
-    w.grab().save(QDir(cartella).filePath(QString::fromLatin1(nome) + QStringLiteral(".png")));
+    test::fotografa(w, QString::fromLatin1(nome));
 }
 
 struct Banco

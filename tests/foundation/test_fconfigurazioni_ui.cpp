@@ -2,6 +2,7 @@
 #include "foundation/orologio.h"
 #include "foundation/sessione.h"
 #include "foundation/ui/fconfigurazioniwidget.h"
+#include "fotografie.h"
 #include "testmain.h"
 
 #include <QCheckBox>
@@ -201,8 +202,6 @@ void TestFConfigurazioniUi::fotografieDelleSchede()
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     auto* schede = trova<QTabWidget>(w, "Schede");
-    const QString cartella = qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/../../docs/screenshots");
-    QDir().mkpath(cartella);
     const char* nomi[]
         = { "intestazione", "banca", "messaggi", "iva", "backup", "sale", "password", "sky", "utenti", "varie" };
     QCOMPARE(schede->count(), 10);
@@ -215,8 +214,7 @@ void TestFConfigurazioniUi::fotografieDelleSchede()
                               griglia->visualItemRect(griglia->item(1, 0)).center());
         }
         QTest::qWait(20);
-        QVERIFY(w.grab().save(QDir(cartella).filePath(QStringLiteral("configurazioni_") + QString::fromLatin1(nomi[i])
-                                                      + QStringLiteral(".png"))));
+        test::fotografa(w, QStringLiteral("configurazioni_") + QString::fromLatin1(nomi[i]));
     }
 }
 

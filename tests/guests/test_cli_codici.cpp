@@ -1,32 +1,12 @@
 #include "archivioospiti.h"
+#include "eseguicli.h"
 #include "guests/tabellecodici.h"
 #include "testmain.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QTest>
 
 using namespace tomvera;
-
-namespace {
-
-struct Esito
-{
-    int codice;
-    QString out;
-    QString err;
-};
-
-Esito esegui(const QStringList& argomenti)
-{
-    QProcess processo;
-    processo.start(QStringLiteral(TOMVERA_CLI), argomenti);
-    processo.waitForFinished(30000);
-    return { processo.exitStatus() == QProcess::NormalExit ? processo.exitCode() : -1,
-             QString::fromUtf8(processo.readAllStandardOutput()), QString::fromUtf8(processo.readAllStandardError()) };
-}
-
-} // namespace
 
 class TestComandiCodici : public QObject
 {
@@ -58,7 +38,7 @@ void TestComandiCodici::verificaCodiceFiscale()
     QFETCH(QString, codice);
     QFETCH(int, esito);
     QFETCH(QString, uscita);
-    const Esito e = esegui({ QStringLiteral("verifica-codice-fiscale"), codice });
+    const auto e = test::eseguiCli(QStringLiteral("verifica-codice-fiscale"), { codice });
     QCOMPARE(e.codice, esito);
     QCOMPARE(e.out, uscita);
     QCOMPARE(e.err, QString());
@@ -66,13 +46,13 @@ void TestComandiCodici::verificaCodiceFiscale()
 
 void TestComandiCodici::verificaPartitaIva()
 {
-    Esito e = esegui({ QStringLiteral("verifica-partita-iva"), QStringLiteral("06363391001") });
+    auto e = test::eseguiCli(QStringLiteral("verifica-partita-iva"), { QStringLiteral("06363391001") });
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out, QString());
-    e = esegui({ QStringLiteral("verifica-partita-iva"), QStringLiteral("06363391002") });
+    e = test::eseguiCli(QStringLiteral("verifica-partita-iva"), { QStringLiteral("06363391002") });
     QCOMPARE(e.codice, 1);
     QCOMPARE(e.out, QStringLiteral("Controllare Partita Iva\n"));
-    e = esegui({ QStringLiteral("verifica-partita-iva") });
+    e = test::eseguiCli(QStringLiteral("verifica-partita-iva"));
     QCOMPARE(e.codice, 2);
     QVERIFY(!e.err.isEmpty());
 }
@@ -85,13 +65,15 @@ void TestComandiCodici::importaCodici()
     QVERIFY(f.open(QIODevice::WriteOnly));
     f.write("Codice,Descrizione\r\nIDENT,CARTA DI IDENTITA'\r\nPASOR,PASSAPORTO ORDINARIO\r\n");
     f.close();
-    Esito e = esegui({ QStringLiteral("importa-codici"), QStringLiteral("--archivio"), t.percorso(),
-                       QStringLiteral("--tabella"), QStringLiteral("documenti"), QStringLiteral("--file"), csv });
+    auto e = test::eseguiCli(QStringLiteral("importa-codici"),
+                             { QStringLiteral("--archivio"), t.percorso(), QStringLiteral("--tabella"),
+                               QStringLiteral("documenti"), QStringLiteral("--file"), csv });
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out, QStringLiteral("2 righe importate in TabellaCodiciDocumenti\n"));
-    e = esegui({ QStringLiteral("importa-codici"), QStringLiteral("--archivio"), t.percorso(),
-                 QStringLiteral("--tabella"), QStringLiteral("tipoalloggiato"), QStringLiteral("--file"),
-                 qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/data/codici_ufficiali.xls") });
+    e = test::eseguiCli(QStringLiteral("importa-codici"),
+                        { QStringLiteral("--archivio"), t.percorso(), QStringLiteral("--tabella"),
+                          QStringLiteral("tipoalloggiato"), QStringLiteral("--file"),
+                          qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/data/codici_ufficiali.xls") });
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out, QStringLiteral("5 righe importate in TabellaCodiciTipoAlloggiato\n"));
     QCOMPARE(CercaCodiceTabella(t.archivio(), QStringLiteral("CAPOGRUPPO"), QStringLiteral("Tipo Alloggiato")),
@@ -122,8 +104,8 @@ void TestComandiCodici::importaCodiciInputErrato()
     QFETCH(QStringList, argomenti);
     test::ArchivioOspiti t;
     t.comune(QStringLiteral("405028001"), QStringLiteral("Abano Terme"), QStringLiteral("PD"), QStringLiteral("35031"));
-    const Esito e = esegui(QStringList { QStringLiteral("importa-codici"), QStringLiteral("--archivio"), t.percorso() }
-                           + argomenti);
+    const auto e = test::eseguiCli(QStringLiteral("importa-codici"),
+                                   QStringList { QStringLiteral("--archivio"), t.percorso() } + argomenti);
     QCOMPARE(e.codice, 2);
     QCOMPARE(e.out, QString());
     QCOMPARE(e.err.count(QLatin1Char('\n')), 1);

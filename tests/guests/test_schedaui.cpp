@@ -4,6 +4,7 @@
 #include "guests/schedaanagrafica.h"
 #include "guests/ui/archiviocodiciwidget.h"
 #include "guests/ui/schedaanagraficawidget.h"
+#include "fotografie.h"
 #include "testmain.h"
 
 #include <QAbstractItemView>
@@ -24,9 +25,7 @@ namespace {
 
 void salva(QWidget& w, const QString& nome)
 {
-    const QString cartella = qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/../../docs/screenshots");
-    QDir().mkpath(cartella);
-    w.grab().save(cartella + QLatin1Char('/') + nome + QStringLiteral(".png"));
+    test::fotografa(w, nome);
 }
 
 template <typename T> T* trova(QWidget& w, const char* nome)

@@ -4,6 +4,7 @@
 #include "foundation/sessione.h"
 #include "maintenance/schermobackup.h"
 #include "maintenance/ui/backupwidget.h"
+#include "fotografie.h"
 #include "testmain.h"
 
 #include <QDir>
@@ -51,9 +52,7 @@ void TestBackupWidget::eseguiECambiaCartella()
     QCOMPARE(interazione.ultimoTesto(), QStringLiteral("PROCEDURA TERMINATA"));
     QVERIFY(QFile::exists(QDir(cartella).filePath(QStringLiteral("161126.mdb"))));
 
-    const QString screenshot = qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/../../docs/screenshots");
-    if (QDir(screenshot).exists())
-        schermo.grab().save(QDir(screenshot).filePath(QStringLiteral("backup.png")));
+    test::fotografa(schermo, QStringLiteral("backup"));
     qunsetenv("TOMVERA_HOME");
 }
 

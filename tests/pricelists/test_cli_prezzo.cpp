@@ -1,9 +1,9 @@
 #include "archiviotemporaneo.h"
+#include "eseguicli.h"
 #include "testmain.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTest>
 
 using namespace tomvera;
@@ -20,25 +20,8 @@ private slots:
     void inputErrato();
 
 private:
-    struct Esito
-    {
-        int codice;
-        QString out;
-        QString err;
-    };
-    Esito esegui(const QStringList& argomenti);
-
     std::unique_ptr<test::ArchivioTemporaneo> m_t;
 };
-
-TestComandoPrezzo::Esito TestComandoPrezzo::esegui(const QStringList& argomenti)
-{
-    QProcess processo;
-    processo.start(QStringLiteral(TOMVERA_CLI), QStringList { QStringLiteral("prezzo") } + argomenti);
-    processo.waitForFinished(30000);
-    return { processo.exitStatus() == QProcess::NormalExit ? processo.exitCode() : -1,
-             QString::fromUtf8(processo.readAllStandardOutput()), QString::fromUtf8(processo.readAllStandardError()) };
-}
 
 void TestComandoPrezzo::initTestCase()
 {
@@ -80,8 +63,9 @@ void TestComandoPrezzo::risposte()
     QFETCH(QString, dal);
     QFETCH(QString, al);
     QFETCH(QString, uscita);
-    const Esito e
-        = esegui(QStringList { "--archivio", m_t->percorso() } + chiave + QStringList { "--dal", dal, "--al", al });
+    const auto e = test::eseguiCli(QStringLiteral("prezzo"),
+                                   QStringList { "--archivio", m_t->percorso() } + chiave
+                                       + QStringList { "--dal", dal, "--al", al });
     QCOMPARE(e.err, QString());
     QCOMPARE(e.out, uscita);
     QCOMPARE(e.codice, 0);
@@ -115,7 +99,7 @@ void TestComandoPrezzo::inputErrato()
 {
     QFETCH(QStringList, argomenti);
     QFETCH(QString, messaggio);
-    const Esito e = esegui(argomenti);
+    const auto e = test::eseguiCli(QStringLiteral("prezzo"), argomenti);
     QCOMPARE(e.codice, 2);
     QCOMPARE(e.out, QString());
     QCOMPARE(e.err, messaggio);

@@ -75,10 +75,10 @@ void scrivi(QWidget& w, const char* nome, const QString& testo)
         campo->setText(testo);
 }
 
-// With TOMVERA_SCREENSHOT_DIR set, the screens are saved there for the docs.
+// With TOMVERA_SCREENSHOTS set, the screens are saved there for the docs.
 void fotografa(QWidget& w, const QString& nome)
 {
-    const QString cartella = qEnvironmentVariable("TOMVERA_SCREENSHOT_DIR");
+    const QString cartella = qEnvironmentVariable("TOMVERA_SCREENSHOTS");
     if (cartella.isEmpty())
         return;
     w.show();
@@ -89,7 +89,7 @@ void fotografa(QWidget& w, const QString& nome)
 // The first page of a print, as it comes out on A4 at screen resolution.
 void fotografaStampa(const reports::ModelloStampa& modello, const QString& nome)
 {
-    const QString cartella = qEnvironmentVariable("TOMVERA_SCREENSHOT_DIR");
+    const QString cartella = qEnvironmentVariable("TOMVERA_SCREENSHOTS");
     if (cartella.isEmpty())
         return;
     QImage pagina(794, 1123, QImage::Format_RGB32);

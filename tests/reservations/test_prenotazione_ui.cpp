@@ -4,6 +4,7 @@
 #include "reservations/ui/collegamentoprenotazioni.h"
 #include "reservations/ui/prenotazionewidget.h"
 #include "rooms/tabellone.h"
+#include "fotografie.h"
 #include "testmain.h"
 
 #include <QApplication>
@@ -26,9 +27,7 @@ namespace {
 
 void salva(QWidget& w, const QString& nome)
 {
-    const QString cartella = qEnvironmentVariable("TOMVERA_TEST_DIR") + QStringLiteral("/../../docs/screenshots");
-    QDir().mkpath(cartella);
-    w.grab().save(cartella + QLatin1Char('/') + nome + QStringLiteral(".png"));
+    test::fotografa(w, nome);
 }
 
 template <typename T> T* trova(QWidget& w, const char* nome)

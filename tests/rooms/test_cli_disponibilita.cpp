@@ -1,10 +1,10 @@
 #include "archiviotemporaneo.h"
+#include "eseguicli.h"
 #include "righeprova.h"
 #include "testmain.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTest>
 
 using namespace tomvera;
@@ -23,26 +23,9 @@ private slots:
     void archivioInesistenteNonCreato();
 
 private:
-    struct Esito
-    {
-        int codice;
-        QString out;
-        QString err;
-    };
-    Esito esegui(const QStringList& argomenti);
-
     std::unique_ptr<test::ArchivioTemporaneo> m_t;
     qint64 m_prenotazione = 0;
 };
-
-TestComandoDisponibilita::Esito TestComandoDisponibilita::esegui(const QStringList& argomenti)
-{
-    QProcess processo;
-    processo.start(QStringLiteral(TOMVERA_CLI), QStringList { QStringLiteral("disponibilita") } + argomenti);
-    processo.waitForFinished(30000);
-    return { processo.exitStatus() == QProcess::NormalExit ? processo.exitCode() : -1,
-             QString::fromUtf8(processo.readAllStandardOutput()), QString::fromUtf8(processo.readAllStandardError()) };
-}
 
 void TestComandoDisponibilita::initTestCase()
 {
@@ -87,7 +70,8 @@ void TestComandoDisponibilita::risposte()
 {
     QFETCH(QStringList, argomenti);
     QFETCH(QString, risposta);
-    const Esito e = esegui(QStringList { QStringLiteral("--archivio"), m_t->percorso() } + argomenti);
+    const auto e = test::eseguiCli(QStringLiteral("disponibilita"),
+                                   QStringList { QStringLiteral("--archivio"), m_t->percorso() } + argomenti);
     QCOMPARE(e.err, QString());
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out, risposta + QLatin1Char('\n'));
@@ -126,7 +110,7 @@ void TestComandoDisponibilita::inputErrato()
 {
     QFETCH(QStringList, argomenti);
     QFETCH(QString, messaggio);
-    const Esito e = esegui(argomenti);
+    const auto e = test::eseguiCli(QStringLiteral("disponibilita"), argomenti);
     QCOMPARE(e.codice, 2);
     QCOMPARE(e.out, QString());
     QVERIFY2(e.err.startsWith(messaggio), qPrintable(e.err));
@@ -138,7 +122,8 @@ void TestComandoDisponibilita::archivioInesistenteNonCreato()
     const QStringList periodo { QStringLiteral("--camera"),   QStringLiteral("101"),  QStringLiteral("--dal"),
                                 QStringLiteral("15/06/2026"), QStringLiteral("--al"), QStringLiteral("20/06/2026") };
     const QString mancante = QDir(m_t->cartella()).filePath(QStringLiteral("Mancante.mdb"));
-    Esito e = esegui(QStringList { QStringLiteral("--archivio"), mancante } + periodo);
+    auto e = test::eseguiCli(QStringLiteral("disponibilita"),
+                             QStringList { QStringLiteral("--archivio"), mancante } + periodo);
     QCOMPARE(e.codice, 2);
     QVERIFY(e.err.startsWith(QStringLiteral("Archivio non trovato")));
     QVERIFY(!QFile::exists(mancante));
@@ -149,19 +134,20 @@ void TestComandoDisponibilita::archivioInesistenteNonCreato()
     QVERIFY(f.open(QIODevice::WriteOnly));
     f.write("questo non e' un archivio, solo una nota lasciata qui per sbaglio\n");
     f.close();
-    e = esegui(QStringList { QStringLiteral("--archivio"), testo } + periodo);
+    e = test::eseguiCli(QStringLiteral("disponibilita"), QStringList { QStringLiteral("--archivio"), testo } + periodo);
     QCOMPARE(e.codice, 2);
     QVERIFY(e.err.startsWith(QStringLiteral("Errore apertura Archivio")));
     QCOMPARE(e.out, QString());
 
     test::ArchivioTemporaneo vuoto(false, QStringLiteral("Vuoto.mdb"));
     QVERIFY(vuoto.archivio().comando(QStringLiteral("CREATE TABLE Altro (x INTEGER)")));
-    e = esegui(QStringList { QStringLiteral("--archivio"), vuoto.percorso() } + periodo);
+    e = test::eseguiCli(QStringLiteral("disponibilita"),
+                        QStringList { QStringLiteral("--archivio"), vuoto.percorso() } + periodo);
     QCOMPARE(e.codice, 2);
     QVERIFY2(e.err.startsWith(QStringLiteral("L'archivio non contiene la tabella TabellaMovimenti")),
              qPrintable(e.err));
 
-    e = esegui(periodo);
+    e = test::eseguiCli(QStringLiteral("disponibilita"), periodo);
     QCOMPARE(e.codice, 2);
     QVERIFY(e.err.startsWith(QStringLiteral("Indicare l'archivio")));
 }

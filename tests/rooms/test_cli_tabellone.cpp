@@ -1,8 +1,8 @@
 #include "bancotabellone.h"
+#include "eseguicli.h"
 #include "testmain.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QTest>
 
 using namespace tomvera;
@@ -20,25 +20,8 @@ private slots:
     void inputErrato();
 
 private:
-    struct Esito
-    {
-        int codice;
-        QString out;
-        QString err;
-    };
-    Esito esegui(const QStringList& argomenti);
-
     std::unique_ptr<test::BancoTabellone> m_b;
 };
-
-TestComandoTabellone::Esito TestComandoTabellone::esegui(const QStringList& argomenti)
-{
-    QProcess processo;
-    processo.start(QStringLiteral(TOMVERA_CLI), QStringList { QStringLiteral("tabellone") } + argomenti);
-    processo.waitForFinished(30000);
-    return { processo.exitStatus() == QProcess::NormalExit ? processo.exitCode() : -1,
-             QString::fromUtf8(processo.readAllStandardOutput()), QString::fromUtf8(processo.readAllStandardError()) };
-}
 
 void TestComandoTabellone::initTestCase()
 {
@@ -66,9 +49,10 @@ void TestComandoTabellone::cleanupTestCase()
 
 void TestComandoTabellone::righeDelPiano()
 {
-    const Esito e = esegui({ QStringLiteral("--archivio"), m_b->t.percorso(), QStringLiteral("--dal"),
-                             QStringLiteral("10/06/2026"), QStringLiteral("--al"), QStringLiteral("11/06/2026"),
-                             QStringLiteral("--piano"), QStringLiteral("1") });
+    const auto e = test::eseguiCli(QStringLiteral("tabellone"),
+                                   { QStringLiteral("--archivio"), m_b->t.percorso(), QStringLiteral("--dal"),
+                                     QStringLiteral("10/06/2026"), QStringLiteral("--al"), QStringLiteral("11/06/2026"),
+                                     QStringLiteral("--piano"), QStringLiteral("1") });
     QCOMPARE(e.err, QString());
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out,
@@ -82,8 +66,10 @@ void TestComandoTabellone::righeDelPiano()
 void TestComandoTabellone::tuttiIPiani()
 {
     // The 201 stay starts on the period's end: free by the strict rule.
-    const Esito e = esegui({ QStringLiteral("--archivio"), m_b->t.percorso(), QStringLiteral("--dal"),
-                             QStringLiteral("11/06/2026"), QStringLiteral("--al"), QStringLiteral("12/06/2026") });
+    const auto e
+        = test::eseguiCli(QStringLiteral("tabellone"),
+                          { QStringLiteral("--archivio"), m_b->t.percorso(), QStringLiteral("--dal"),
+                            QStringLiteral("11/06/2026"), QStringLiteral("--al"), QStringLiteral("12/06/2026") });
     QCOMPARE(e.codice, 0);
     QCOMPARE(e.out,
              QStringLiteral("103\tCamera Libera\t0\n"
@@ -122,14 +108,16 @@ void TestComandoTabellone::inputErrato()
 {
     QFETCH(QStringList, argomenti);
     QFETCH(QString, errore);
-    const Esito e = esegui(argomenti);
+    const auto e = test::eseguiCli(QStringLiteral("tabellone"), argomenti);
     QCOMPARE(e.codice, 2);
     QCOMPARE(e.err, errore);
     QCOMPARE(e.out, QString());
     // A missing archive is an error and is never created.
     const QString mancante = m_b->t.cartella() + QStringLiteral("/Mancante.mdb");
-    const Esito m = esegui({ QStringLiteral("--archivio"), mancante, QStringLiteral("--dal"),
-                             QStringLiteral("10/06/2026"), QStringLiteral("--al"), QStringLiteral("11/06/2026") });
+    const auto m
+        = test::eseguiCli(QStringLiteral("tabellone"),
+                          { QStringLiteral("--archivio"), mancante, QStringLiteral("--dal"),
+                            QStringLiteral("10/06/2026"), QStringLiteral("--al"), QStringLiteral("11/06/2026") });
     QCOMPARE(m.codice, 2);
     QVERIFY(!QFile::exists(mancante));
 }

@@ -7,6 +7,7 @@
 #include "rooms/ui/strisciagiorni.h"
 #include "rooms/ui/tabelloneavvio.h"
 #include "rooms/ui/vistatabellone.h"
+#include "fotografie.h"
 #include "testmain.h"
 
 #include <QAction>
@@ -29,11 +30,7 @@ namespace {
 // Screenshots go where TOMVERA_SCREENSHOTS points (docs/screenshots when run by hand); nowhere otherwise.
 void fotografa(QWidget& w, const QString& nome)
 {
-    const QString cartella = qEnvironmentVariable("TOMVERA_SCREENSHOTS");
-    if (cartella.isEmpty())
-        return;
-    QDir().mkpath(cartella);
-    QVERIFY(w.grab().save(cartella + QLatin1Char('/') + nome + QStringLiteral(".png")));
+    test::fotografa(w, nome);
 }
 
 QPoint centro(VistaTabellone& vista, int numero)
