@@ -151,7 +151,8 @@ void TestFConfigurazioni::logo()
     const QString file = QDir(b.t.cartella()).filePath(QStringLiteral("logo.png"));
     QFile f(file);
     QVERIFY(f.open(QIODevice::WriteOnly));
-    const QByteArray byte("\x89PNG\r\n\x1a\n\0\0 finto", 18);
+    static const char dati[] = "\x89PNG\r\n\x1a\n\0\0 finto";
+    const QByteArray byte(dati, sizeof dati - 1);
     f.write(byte);
     f.close();
     b.ui().rispondiFile(file);
