@@ -2,13 +2,9 @@
 
 #include "foundation/archivio.h"
 #include "foundation/configurazione.h"
-#include "foundation/formati.h"
-#include "foundation/interazione.h"
-#include "foundation/orologio.h"
-#include "foundation/permessi.h"
 #include "foundation/routines.h"
 #include "foundation/sessione.h"
-#include "reports/stampagenerica.h"
+#include "pricelists/schermolistino.h"
 
 #include <QSqlRecord>
 
@@ -25,14 +21,9 @@ QStringList SchermoListinoAccessori::TitoliColonne() const
              m_sessione.configurazione->EtichettaImposta };
 }
 
-bool SchermoListinoAccessori::puoModificare() const
-{
-    return m_sessione.permessi->puo(&PermessiUtente::Listini);
-}
-
 bool SchermoListinoAccessori::SoloLettura() const
 {
-    return m_sessione.permessi->soloLettura(&PermessiUtente::ListiniSoloLettura);
+    return listiniSoloLettura(m_sessione);
 }
 
 void SchermoListinoAccessori::Form_Load()
@@ -43,41 +34,27 @@ void SchermoListinoAccessori::Form_Load()
 
 bool SchermoListinoAccessori::Ins_Click()
 {
-    Interazione& interazione = m_sessione.interazione;
     Focus.clear();
-    if (!puoModificare() || SoloLettura())
+    if (!puoModificareListini(m_sessione) || SoloLettura())
         return false;
     if (Descrizione.isEmpty()) {
-        interazione.messaggio(QStringLiteral("Attenzione, inserire una descrizione!"), {}, Interazione::Icona::Avviso);
+        avvisa(m_sessione.interazione, QStringLiteral("Attenzione, inserire una descrizione!"));
         Focus = QStringLiteral("Descrizione");
         return false;
     }
+    if (!controllaPrezzoIva(m_sessione, Prezzo, Iva, Focus))
+        return false;
     const double prezzo = valoreDi(Prezzo);
-    if (prezzo == 0) {
-        interazione.messaggio(QStringLiteral("Attenzione, inserire un prezzo!"), {}, Interazione::Icona::Avviso);
-        Focus = QStringLiteral("Prezzo");
-        return false;
-    }
     const double iva = valoreDi(Iva);
-    if (iva == 0) {
-        interazione.messaggio(QStringLiteral("Attenzione, inserire ") + m_sessione.configurazione->EtichettaImpostaLunga
-                                  + QStringLiteral("!"),
-                              {}, Interazione::Icona::Avviso);
-        Focus = QStringLiteral("Iva");
-        return false;
-    }
 
     Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
     if (!archivio.apri())
         return false;
-    const bool esiste = Indice > 0
-        && archivio.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaListinoAccessori WHERE Indice = ?"),
-                               { Indice });
-    if (esiste
-        && !interazione.domandaSiNo(
-            QStringLiteral("Attenzione si stà aggiornando un prezzo già esistente. Continuare?"))) {
+    const std::optional<bool> aggiorna
+        = confermaAggiornamento(archivio, m_sessione.interazione, QStringLiteral("TabellaListinoAccessori"), Indice);
+    if (!aggiorna)
         return false;
-    }
+    const bool esiste = *aggiorna;
     // Group and text are stored with their apostrophes doubled, as the extras have always been.
     const QVariantList valori { RaddoppiaApici(Tipo), RaddoppiaApici(Descrizione), prezzo, iva };
     const bool scritto = esiste
@@ -101,26 +78,15 @@ void SchermoListinoAccessori::Nuovo_Click()
 
 bool SchermoListinoAccessori::Command15_Click()
 {
-    Interazione& interazione = m_sessione.interazione;
-    if (!puoModificare() || SoloLettura())
-        return false;
-    if (Indice <= 0) {
-        interazione.messaggio(QStringLiteral("Attenzione, selezionare la riga da cancellare"), {},
-                              Interazione::Icona::Avviso);
-        return false;
-    }
-    if (!interazione.domandaSiNo(QStringLiteral("Attenzione, cancellare la riga selezionata?")))
-        return false;
-    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-    if (!archivio.apri())
+    if (!puoModificareListini(m_sessione) || SoloLettura())
         return false;
     // Movements that point at the row keep their own copies of text and amount.
-    const bool fatto
-        = archivio.comando(QStringLiteral("DELETE FROM TabellaListinoAccessori WHERE Indice = ?"), { Indice });
-    if (fatto) {
-        operazioneEffettuata(interazione);
+    const std::optional<bool> cancellata = cancellaRiga(m_sessione, QStringLiteral("TabellaListinoAccessori"), Indice);
+    if (!cancellata)
+        return false;
+    const bool fatto = *cancellata;
+    if (fatto)
         pulisciCampi();
-    }
     caricaGriglia();
     caricaElenco();
     return fatto;
@@ -139,28 +105,19 @@ void SchermoListinoAccessori::CL_Click()
 
 std::optional<reports::ModelloStampa> SchermoListinoAccessori::Command1_Click()
 {
-    reports::ContenutoStampa contenuto;
-    contenuto.titoliColonne = TitoliColonne();
-    for (const RigaGriglia& riga : Griglia)
-        contenuto.righe << riga.colonne;
-    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-    if (!archivio.apri()
-        || !reports::riempiStampa(archivio, reports::righeStampaGenerica(contenuto, m_sessione.orologio.oggi())))
-        return std::nullopt;
-    return reports::modelloDaRighe(reports::leggiStampa(archivio), QStringLiteral("LISTINO ACCESSORI"));
+    return stampaVisualizzati(m_sessione, {}, TitoliColonne(), Griglia, QStringLiteral("LISTINO ACCESSORI"));
 }
 
 void SchermoListinoAccessori::Griglia_Click(int riga)
 {
-    if (riga < 0 || riga >= static_cast<int>(Griglia.size()))
+    const RigaGriglia* r = rigaScelta(Griglia, riga);
+    if (!r)
         return;
-    const RigaGriglia& r = Griglia[static_cast<size_t>(riga)];
-    const auto comeDigitato = [](QString testo) { return testo.replace(QStringLiteral("''"), QStringLiteral("'")); };
-    Indice = r.Indice;
-    Tipo = comeDigitato(r.colonne.value(0));
-    Descrizione = comeDigitato(r.colonne.value(1));
-    Prezzo = r.colonne.value(2);
-    Iva = r.colonne.value(3);
+    Indice = r->Indice;
+    Tipo = comeDigitato(r->colonne.value(0));
+    Descrizione = comeDigitato(r->colonne.value(1));
+    Prezzo = r->colonne.value(2);
+    Iva = r->colonne.value(3);
 }
 
 void SchermoListinoAccessori::pulisciCampi()
@@ -189,9 +146,7 @@ void SchermoListinoAccessori::caricaGriglia()
     for (const QSqlRecord& r : archivio.righe(sql, parametri)) {
         RigaGriglia riga;
         riga.Indice = r.value(0).toLongLong();
-        riga.colonne = { r.value(1).toString(), r.value(2).toString(),
-                         r.value(3).isNull() ? QString() : formattaNumero(r.value(3).toDouble(), 2, false),
-                         r.value(4).isNull() ? QString() : testoNumero(r.value(4).toDouble()) };
+        riga.colonne = { r.value(1).toString(), r.value(2).toString(), cellaPrezzo(r.value(3)), cellaIva(r.value(4)) };
         Griglia.push_back(riga);
     }
 }

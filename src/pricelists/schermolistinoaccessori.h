@@ -47,7 +47,6 @@ public:
     Sessione& sessione() { return m_sessione; }
 
 private:
-    bool puoModificare() const;
     void caricaGriglia();
     void caricaElenco();
     void pulisciCampi();

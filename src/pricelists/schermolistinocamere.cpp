@@ -2,29 +2,18 @@
 
 #include "foundation/archivio.h"
 #include "foundation/configurazione.h"
-#include "foundation/formati.h"
 #include "foundation/interazione.h"
 #include "foundation/orologio.h"
-#include "foundation/permessi.h"
 #include "foundation/routines.h"
 #include "foundation/sessione.h"
 #include "foundation/variabili.h"
 #include "pricelists/formatilistino.h"
+#include "pricelists/schermolistino.h"
 #include "pricelists/tabellelistino.h"
-#include "reports/stampagenerica.h"
 
 #include <QSqlRecord>
 
 namespace tomvera::prezzi {
-
-namespace {
-
-void avvisa(Interazione& interazione, const QString& testo)
-{
-    interazione.messaggio(testo, {}, Interazione::Icona::Avviso);
-}
-
-} // namespace
 
 SchermoListinoCamere::SchermoListinoCamere(Sessione& sessione)
     : m_sessione(sessione)
@@ -58,14 +47,9 @@ QStringList SchermoListinoCamere::TitoliColonne() const
              QStringLiteral("Giorni") };
 }
 
-bool SchermoListinoCamere::puoModificare() const
-{
-    return m_sessione.permessi->puo(&PermessiUtente::Listini);
-}
-
 bool SchermoListinoCamere::SoloLettura() const
 {
-    return m_sessione.permessi->soloLettura(&PermessiUtente::ListiniSoloLettura);
+    return listiniSoloLettura(m_sessione);
 }
 
 void SchermoListinoCamere::Form_Load()
@@ -119,7 +103,7 @@ bool SchermoListinoCamere::Ins_Click()
 {
     Interazione& interazione = m_sessione.interazione;
     Focus.clear();
-    if (!puoModificare() || SoloLettura())
+    if (!puoModificareListini(m_sessione) || SoloLettura())
         return false;
     if (Listino.isEmpty()) {
         avvisa(interazione, QStringLiteral("Attenzione, inserire un listino!"));
@@ -131,20 +115,10 @@ bool SchermoListinoCamere::Ins_Click()
         Focus = QStringLiteral("CodiceTipologia");
         return false;
     }
+    if (!controllaPrezzoIva(m_sessione, Prezzo, Iva, Focus))
+        return false;
     const double prezzo = valoreDi(Prezzo);
-    if (prezzo == 0) {
-        avvisa(interazione, QStringLiteral("Attenzione, inserire un prezzo!"));
-        Focus = QStringLiteral("Prezzo");
-        return false;
-    }
     const double iva = valoreDi(Iva);
-    if (iva == 0) {
-        avvisa(interazione,
-               QStringLiteral("Attenzione, inserire ") + m_sessione.configurazione->EtichettaImpostaLunga
-                   + QStringLiteral("!"));
-        Focus = QStringLiteral("Iva");
-        return false;
-    }
     if (!Dal.isEmpty() || !Al.isEmpty()) {
         const int anno = m_sessione.orologio.oggi().year();
         if (!giornoMeseValido(Dal, anno) || !giornoMeseValido(Al, anno)) {
@@ -158,14 +132,10 @@ bool SchermoListinoCamere::Ins_Click()
     if (!archivio.apri())
         return false;
     const TabellaListino& t = tabellaListino(tipo());
-    const bool esiste = Indice > 0
-        && archivio.esisteRiga(QStringLiteral("SELECT Indice FROM ") + t.tabella + QStringLiteral(" WHERE Indice = ?"),
-                               { Indice });
-    if (esiste
-        && !interazione.domandaSiNo(
-            QStringLiteral("Attenzione si stà aggiornando un prezzo già esistente. Continuare?"))) {
+    const std::optional<bool> aggiorna = confermaAggiornamento(archivio, interazione, t.tabella, Indice);
+    if (!aggiorna)
         return false;
-    }
+    const bool esiste = *aggiorna;
     if (valoreDi(Giorni) < 1)
         Giorni = QStringLiteral("1");
     const int giorni = static_cast<int>(valoreDi(Giorni));
@@ -196,25 +166,14 @@ void SchermoListinoCamere::Nuovo_Click()
 
 bool SchermoListinoCamere::Command15_Click()
 {
-    Interazione& interazione = m_sessione.interazione;
-    if (!puoModificare() || SoloLettura())
+    if (!puoModificareListini(m_sessione) || SoloLettura())
         return false;
-    if (Indice <= 0) {
-        avvisa(interazione, QStringLiteral("Attenzione, selezionare la riga da cancellare"));
+    const std::optional<bool> cancellata = cancellaRiga(m_sessione, tabellaListino(tipo()).tabella, Indice);
+    if (!cancellata)
         return false;
-    }
-    if (!interazione.domandaSiNo(QStringLiteral("Attenzione, cancellare la riga selezionata?")))
-        return false;
-    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-    if (!archivio.apri())
-        return false;
-    const bool fatto = archivio.comando(QStringLiteral("DELETE FROM ") + tabellaListino(tipo()).tabella
-                                            + QStringLiteral(" WHERE Indice = ?"),
-                                        { Indice });
-    if (fatto) {
-        operazioneEffettuata(interazione);
+    const bool fatto = *cancellata;
+    if (fatto)
         pulisciCampi();
-    }
     caricaGriglia();
     caricaElenchi();
     return fatto;
@@ -234,32 +193,23 @@ void SchermoListinoCamere::CL_Click()
 
 std::optional<reports::ModelloStampa> SchermoListinoCamere::Command1_Click()
 {
-    reports::ContenutoStampa contenuto;
-    contenuto.intestazioni << Caption();
-    contenuto.titoliColonne = TitoliColonne();
-    for (const RigaGriglia& riga : Griglia)
-        contenuto.righe << riga.colonne;
-    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-    if (!archivio.apri()
-        || !reports::riempiStampa(archivio, reports::righeStampaGenerica(contenuto, m_sessione.orologio.oggi())))
-        return std::nullopt;
-    return reports::modelloDaRighe(reports::leggiStampa(archivio), QStringLiteral("LISTINO PREZZI CAMERE"));
+    return stampaVisualizzati(m_sessione, { Caption() }, TitoliColonne(), Griglia,
+                              QStringLiteral("LISTINO PREZZI CAMERE"));
 }
 
 void SchermoListinoCamere::Griglia_Click(int riga)
 {
-    if (riga < 0 || riga >= static_cast<int>(Griglia.size()))
+    const RigaGriglia* r = rigaScelta(Griglia, riga);
+    if (!r)
         return;
-    const RigaGriglia& r = Griglia[static_cast<size_t>(riga)];
-    Indice = r.Indice;
-    Listino = r.colonne.value(0);
-    // Shown as the user typed it: saved again it is doubled once, not twice.
-    CodiceTipologia = r.colonne.value(1).replace(QStringLiteral("''"), QStringLiteral("'"));
-    Dal = r.colonne.value(2);
-    Al = r.colonne.value(3);
-    Prezzo = r.colonne.value(4);
-    Iva = r.colonne.value(5);
-    Giorni = r.colonne.value(6);
+    Indice = r->Indice;
+    Listino = r->colonne.value(0);
+    CodiceTipologia = comeDigitato(r->colonne.value(1));
+    Dal = r->colonne.value(2);
+    Al = r->colonne.value(3);
+    Prezzo = r->colonne.value(4);
+    Iva = r->colonne.value(5);
+    Giorni = r->colonne.value(6);
 }
 
 void SchermoListinoCamere::CodiceTipologia_LostFocus()
@@ -320,8 +270,8 @@ void SchermoListinoCamere::caricaGriglia()
                          r.value(2).toString(),
                          r.value(3).toString(),
                          r.value(4).toString(),
-                         r.value(5).isNull() ? QString() : formattaNumero(r.value(5).toDouble(), 2, false),
-                         r.value(6).isNull() ? QString() : testoNumero(r.value(6).toDouble()),
+                         cellaPrezzo(r.value(5)),
+                         cellaIva(r.value(6)),
                          r.value(7).isNull() ? QString() : QString::number(r.value(7).toLongLong()) };
         Griglia.push_back(riga);
     }

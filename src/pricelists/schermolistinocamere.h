@@ -73,7 +73,6 @@ public:
     Sessione& sessione() { return m_sessione; }
 
 private:
-    bool puoModificare() const;
     void caricaGriglia();
     void caricaElenchi();
     void pulisciCampi();

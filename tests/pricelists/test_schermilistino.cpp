@@ -274,6 +274,7 @@ class TestSchermoListinoAccessori : public QObject
     Q_OBJECT
 private slots:
     void controlliScritturaERicerca();
+    void rifiutiEStampa();
 };
 
 void TestSchermoListinoAccessori::controlliScritturaERicerca()
@@ -320,6 +321,42 @@ void TestSchermoListinoAccessori::controlliScritturaERicerca()
     QVERIFY(s.Command15_Click());
     QCOMPARE(b.io().ultimoTesto(), QStringLiteral("Operazione Effettuata!"));
     QCOMPARE(s.Griglia.size(), size_t(2));
+    QVERIFY(b.io().errore().isEmpty());
+}
+
+// A "no" leaves archive and fields as they were; the print has no heading between date and titles.
+void TestSchermoListinoAccessori::rifiutiEStampa()
+{
+    Banco b;
+    QVERIFY(b.t.archivio().comando(
+        QStringLiteral("INSERT INTO TabellaListinoAccessori (Tipo, Descrizione, Prezzo, Iva) VALUES "
+                       "('Bar', 'Acqua', 1, 22), ('Bar', 'Caffe''''', 1.2, 10)")));
+    SchermoListinoAccessori s(b.sessione);
+    s.Form_Load();
+    s.Griglia_Click(2);
+    s.Griglia_Click(-1);
+    QCOMPARE(s.Indice, qint64(0));
+    QVERIFY(!s.Command15_Click());
+    QCOMPARE(b.io().testi(), QStringList { "Attenzione, selezionare la riga da cancellare" });
+
+    s.Griglia_Click(1);
+    QCOMPARE(s.Descrizione, QStringLiteral("Caffe'"));
+    s.Prezzo = QStringLiteral("1,5");
+    b.io().rispondiNo(QStringLiteral("si stà aggiornando"));
+    QVERIFY(!s.Ins_Click());
+    QCOMPARE(s.Prezzo, QStringLiteral("1,5"));
+    b.io().rispondiNo(QStringLiteral("cancellare la riga selezionata"));
+    QVERIFY(!s.Command15_Click());
+    QVERIFY(s.Indice > 0);
+    QCOMPARE(b.t.archivio().valore(QStringLiteral("SELECT SUM(Prezzo) FROM TabellaListinoAccessori")).toDouble(), 2.2);
+
+    const auto stampa = s.Command1_Click();
+    QVERIFY(stampa);
+    QCOMPARE(stampa->titolo, QStringLiteral("LISTINO ACCESSORI"));
+    QCOMPARE(stampa->righe.size(), 2);
+    const QStringList righe = reports::leggiStampa(b.t.archivio());
+    QCOMPARE(righe.first(), QStringLiteral("Data di Stampa: 10/05/2026"));
+    QVERIFY(righe.at(1).startsWith(QStringLiteral("Tipo")));
     QVERIFY(b.io().errore().isEmpty());
 }
 

@@ -1,9 +1,13 @@
 #include "pricelists/ui/griglialistino.h"
 
+#include "foundation/sessione.h"
+#include "reports/stampagenerica.h"
+#include "reports/ui/anteprimastampa.h"
+
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QTableWidget>
 
 namespace tomvera::prezzi {
 
@@ -78,6 +82,81 @@ void virgolaDecimale(QWidget& campo)
         testo->setText(corretto);
         testo->setCursorPosition(cursore);
     });
+}
+
+QPushButton* pulsante(const QString& nome, const QString& testo, QWidget* genitore)
+{
+    auto* p = new QPushButton(testo, genitore);
+    p->setObjectName(nome);
+    p->setAutoDefault(false);
+    p->setMinimumHeight(30);
+    return p;
+}
+
+QComboBox* sceltaModificabile(const QString& nome, QWidget* genitore, int larghezzaMinima)
+{
+    auto* scelta = new QComboBox(genitore);
+    scelta->setObjectName(nome);
+    scelta->setEditable(true);
+    scelta->setInsertPolicy(QComboBox::NoInsert);
+    if (larghezzaMinima > 0)
+        scelta->setMinimumWidth(larghezzaMinima);
+    return scelta;
+}
+
+StampaListino anteprimaListino(Sessione& sessione, QWidget* schermo)
+{
+    return [&sessione, schermo](const reports::ModelloStampa& modello) {
+        reports::mostraAnteprimaStampa(modello, sessione.interazione,
+                                       reports::stampantiDelleImpostazioni(sessione.PercorsoDB, sessione.errori),
+                                       schermo);
+    };
+}
+
+QVBoxLayout* creaComandiRiga(QWidget* dati, PulsantiListino& pulsanti)
+{
+    pulsanti.Ins = pulsante(QStringLiteral("Ins"), QStringLiteral("INSERISCI"), dati);
+    pulsanti.Ins->setStyleSheet(QStringLiteral("font-weight: bold;"));
+    pulsanti.Nuovo = pulsante(QStringLiteral("Nuovo"), QStringLiteral("NUOVO"), dati);
+    pulsanti.Command15 = pulsante(QStringLiteral("Command15"), QStringLiteral("Cancella"), dati);
+    auto* comandi = new QVBoxLayout;
+    comandi->addWidget(pulsanti.Ins);
+    comandi->addWidget(pulsanti.Nuovo);
+    comandi->addWidget(pulsanti.Command15);
+    comandi->addStretch();
+    return comandi;
+}
+
+void creaComandiRicerca(QWidget* ricerca, PulsantiListino& pulsanti)
+{
+    pulsanti.Cerca = pulsante(QStringLiteral("Cerca"), QStringLiteral("CERCA"), ricerca);
+    pulsanti.CL = pulsante(QStringLiteral("CL"), QStringLiteral("CANCELLA SELEZIONE"), ricerca);
+}
+
+QTableWidget* impaginaListino(QDialog& schermo, QWidget* sopra, QWidget* dati, QWidget* ricerca,
+                              PulsantiListino& pulsanti)
+{
+    auto* rigaCentrale = new QHBoxLayout;
+    rigaCentrale->addWidget(dati, 3);
+    rigaCentrale->addWidget(ricerca, 2);
+
+    auto* griglia = new QTableWidget(&schermo);
+    griglia->setObjectName(QStringLiteral("Griglia"));
+
+    pulsanti.Command1 = pulsante(QStringLiteral("Command1"), QStringLiteral("Stampa Visualizzati"), &schermo);
+    pulsanti.Fine = pulsante(QStringLiteral("Fine"), QStringLiteral("Esci"), &schermo);
+    auto* piede = new QHBoxLayout;
+    piede->addWidget(pulsanti.Command1);
+    piede->addStretch();
+    piede->addWidget(pulsanti.Fine);
+
+    auto* colonna = new QVBoxLayout(&schermo);
+    if (sopra)
+        colonna->addWidget(sopra);
+    colonna->addLayout(rigaCentrale);
+    colonna->addWidget(griglia, 1);
+    colonna->addLayout(piede);
+    return griglia;
 }
 
 } // namespace tomvera::prezzi

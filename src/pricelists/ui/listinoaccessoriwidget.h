@@ -1,15 +1,13 @@
 #pragma once
 
-#include "reports/modellostampa.h"
+#include "pricelists/ui/griglialistino.h"
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 class QTableWidget;
 
 namespace tomvera::prezzi {
@@ -21,7 +19,7 @@ class ListinoAccessoriWidget : public QDialog
 {
     Q_OBJECT
 public:
-    using Stampa = std::function<void(const reports::ModelloStampa&)>;
+    using Stampa = StampaListino;
 
     ListinoAccessoriWidget(std::unique_ptr<SchermoListinoAccessori> logica, QWidget* genitore = nullptr);
     ~ListinoAccessoriWidget() override;
@@ -42,8 +40,7 @@ private:
     QLabel* m_etichettaIva;
     QComboBox* m_tipoRic;
     QTableWidget* m_griglia;
-    QPushButton* m_ins;
-    QPushButton* m_cancella;
+    PulsantiListino m_pulsanti;
 };
 
 } // namespace tomvera::prezzi

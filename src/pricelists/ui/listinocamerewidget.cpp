@@ -1,10 +1,6 @@
 #include "pricelists/ui/listinocamerewidget.h"
 
-#include "foundation/sessione.h"
 #include "pricelists/schermolistinocamere.h"
-#include "pricelists/ui/griglialistino.h"
-#include "reports/stampagenerica.h"
-#include "reports/ui/anteprimastampa.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -12,10 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTableWidget>
-#include <QVBoxLayout>
 
 namespace tomvera::prezzi {
 
@@ -25,15 +18,7 @@ namespace {
 const QList<int> colonneNumeriche { 5, 6, 7 };
 const QList<int> colonneLarghe { 1, 2 };
 
-QComboBox* sceltaModificabile(const QString& nome, QWidget* genitore)
-{
-    auto* scelta = new QComboBox(genitore);
-    scelta->setObjectName(nome);
-    scelta->setEditable(true);
-    scelta->setInsertPolicy(QComboBox::NoInsert);
-    scelta->setMinimumWidth(200);
-    return scelta;
-}
+const int larghezzaScelte = 200;
 
 QLineEdit* campo(const QString& nome, int larghezza, QWidget* genitore)
 {
@@ -41,15 +26,6 @@ QLineEdit* campo(const QString& nome, int larghezza, QWidget* genitore)
     c->setObjectName(nome);
     c->setMaximumWidth(larghezza);
     return c;
-}
-
-QPushButton* pulsante(const QString& nome, const QString& testo, QWidget* genitore)
-{
-    auto* p = new QPushButton(testo, genitore);
-    p->setObjectName(nome);
-    p->setAutoDefault(false);
-    p->setMinimumHeight(30);
-    return p;
 }
 
 } // namespace
@@ -79,8 +55,8 @@ ListinoCamereWidget::ListinoCamereWidget(std::unique_ptr<SchermoListinoCamere> l
 
     // The row being entered.
     auto* dati = new QGroupBox(QStringLiteral("PREZZO"), this);
-    m_listino = sceltaModificabile(QStringLiteral("Listino"), dati);
-    m_codice = sceltaModificabile(QStringLiteral("CodiceTipologia"), dati);
+    m_listino = sceltaModificabile(QStringLiteral("Listino"), dati, larghezzaScelte);
+    m_codice = sceltaModificabile(QStringLiteral("CodiceTipologia"), dati, larghezzaScelte);
     m_dal = campo(QStringLiteral("Dal"), 70, dati);
     m_al = campo(QStringLiteral("Al"), 70, dati);
     m_dal->setPlaceholderText(QStringLiteral("GG/MM"));
@@ -108,59 +84,26 @@ ListinoCamereWidget::ListinoCamereWidget(std::unique_ptr<SchermoListinoCamere> l
     griglia->addWidget(m_iva, 3, 3);
     griglia->addWidget(new QLabel(QStringLiteral("Giorni"), dati), 4, 0);
     griglia->addWidget(m_giorni, 4, 1);
-    m_ins = pulsante(QStringLiteral("Ins"), QStringLiteral("INSERISCI"), dati);
-    m_ins->setStyleSheet(QStringLiteral("font-weight: bold;"));
-    auto* nuovo = pulsante(QStringLiteral("Nuovo"), QStringLiteral("NUOVO"), dati);
-    m_cancella = pulsante(QStringLiteral("Command15"), QStringLiteral("Cancella"), dati);
-    auto* comandi = new QVBoxLayout;
-    comandi->addWidget(m_ins);
-    comandi->addWidget(nuovo);
-    comandi->addWidget(m_cancella);
-    comandi->addStretch();
-    griglia->addLayout(comandi, 0, 4, 5, 1);
+    griglia->addLayout(creaComandiRiga(dati, m_pulsanti), 0, 4, 5, 1);
     griglia->setColumnStretch(1, 1);
 
     // Search.
     auto* ricerca = new QGroupBox(QStringLiteral("RICERCA"), this);
-    m_listinoRic = sceltaModificabile(QStringLiteral("ListinoRic"), ricerca);
-    m_codiceRic = sceltaModificabile(QStringLiteral("CodiceTipologiaRic"), ricerca);
+    m_listinoRic = sceltaModificabile(QStringLiteral("ListinoRic"), ricerca, larghezzaScelte);
+    m_codiceRic = sceltaModificabile(QStringLiteral("CodiceTipologiaRic"), ricerca, larghezzaScelte);
     m_etichettaCodiceRic = new QLabel(ricerca);
-    auto* cerca = pulsante(QStringLiteral("Cerca"), QStringLiteral("CERCA"), ricerca);
-    auto* cl = pulsante(QStringLiteral("CL"), QStringLiteral("CANCELLA SELEZIONE"), ricerca);
+    creaComandiRicerca(ricerca, m_pulsanti);
     auto* grigliaRicerca = new QGridLayout(ricerca);
     grigliaRicerca->addWidget(new QLabel(QStringLiteral("Listino"), ricerca), 0, 0);
     grigliaRicerca->addWidget(m_listinoRic, 0, 1);
     grigliaRicerca->addWidget(m_etichettaCodiceRic, 1, 0);
     grigliaRicerca->addWidget(m_codiceRic, 1, 1);
-    grigliaRicerca->addWidget(cerca, 2, 0);
-    grigliaRicerca->addWidget(cl, 2, 1);
+    grigliaRicerca->addWidget(m_pulsanti.Cerca, 2, 0);
+    grigliaRicerca->addWidget(m_pulsanti.CL, 2, 1);
     grigliaRicerca->setRowStretch(3, 1);
 
-    auto* rigaCentrale = new QHBoxLayout;
-    rigaCentrale->addWidget(dati, 3);
-    rigaCentrale->addWidget(ricerca, 2);
-
-    m_griglia = new QTableWidget(this);
-    m_griglia->setObjectName(QStringLiteral("Griglia"));
-
-    auto* stampa = pulsante(QStringLiteral("Command1"), QStringLiteral("Stampa Visualizzati"), this);
-    auto* fine = pulsante(QStringLiteral("Fine"), QStringLiteral("Esci"), this);
-    auto* piede = new QHBoxLayout;
-    piede->addWidget(stampa);
-    piede->addStretch();
-    piede->addWidget(fine);
-
-    auto* colonna = new QVBoxLayout(this);
-    colonna->addWidget(modo);
-    colonna->addLayout(rigaCentrale);
-    colonna->addWidget(m_griglia, 1);
-    colonna->addLayout(piede);
-
-    m_stampa = [this](const reports::ModelloStampa& modello) {
-        Sessione& s = m_logica->sessione();
-        reports::mostraAnteprimaStampa(modello, s.interazione,
-                                       reports::stampantiDelleImpostazioni(s.PercorsoDB, s.errori), this);
-    };
+    m_griglia = impaginaListino(*this, modo, dati, ricerca, m_pulsanti);
+    m_stampa = anteprimaListino(m_logica->sessione(), this);
 
     connect(m_prezzoACamera, &QRadioButton::clicked, this, [this] {
         m_logica->PrezzoACamera_Click();
@@ -170,41 +113,13 @@ ListinoCamereWidget::ListinoCamereWidget(std::unique_ptr<SchermoListinoCamere> l
         m_logica->PrezzoAPersona_Click();
         dallaLogica();
     });
-    connect(m_ins, &QPushButton::clicked, this, [this] {
-        versoLogica();
-        m_logica->Ins_Click();
-        dopoComando();
-    });
-    connect(nuovo, &QPushButton::clicked, this, [this] {
+    collegaComandiListino(
+        *this, *m_logica, m_pulsanti, *m_griglia, [this] { versoLogica(); },
+        [this](bool conGriglia) { dallaLogica(conGriglia); }, m_stampa);
+    connect(m_pulsanti.Nuovo, &QPushButton::clicked, this, [this] {
         m_logica->Nuovo_Click();
         dallaLogica();
         m_listino->setFocus();
-    });
-    connect(m_cancella, &QPushButton::clicked, this, [this] {
-        versoLogica();
-        m_logica->Command15_Click();
-        dallaLogica();
-    });
-    connect(cerca, &QPushButton::clicked, this, [this] {
-        versoLogica();
-        m_logica->Cerca_Click();
-        dallaLogica();
-    });
-    connect(cl, &QPushButton::clicked, this, [this] {
-        versoLogica();
-        m_logica->CL_Click();
-        dallaLogica();
-    });
-    connect(stampa, &QPushButton::clicked, this, [this] {
-        if (const auto modello = m_logica->Command1_Click())
-            m_stampa(*modello);
-    });
-    connect(fine, &QPushButton::clicked, this, &QDialog::accept);
-    connect(m_griglia, &QTableWidget::cellClicked, this, [this](int riga, int) {
-        versoLogica();
-        m_logica->Griglia_Click(riga);
-        dallaLogica(false);
-        m_griglia->selectRow(riga);
     });
     connect(m_codice->lineEdit(), &QLineEdit::editingFinished, this, [this] {
         m_logica->CodiceTipologia = m_codice->currentText();
@@ -266,14 +181,8 @@ void ListinoCamereWidget::dallaLogica(bool conGriglia)
         preparaGriglia(*m_griglia, titoli, colonneNumeriche, colonneLarghe);
         riempiGriglia(*m_griglia, l.Griglia, colonneNumeriche);
     }
-    m_ins->setEnabled(!l.SoloLettura());
-    m_cancella->setEnabled(!l.SoloLettura());
-}
-
-void ListinoCamereWidget::dopoComando()
-{
-    dallaLogica();
-    mettiFocus(*this, m_logica->Focus);
+    m_pulsanti.Ins->setEnabled(!l.SoloLettura());
+    m_pulsanti.Command15->setEnabled(!l.SoloLettura());
 }
 
 } // namespace tomvera::prezzi

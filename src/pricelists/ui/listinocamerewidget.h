@@ -1,15 +1,13 @@
 #pragma once
 
-#include "reports/modellostampa.h"
+#include "pricelists/ui/griglialistino.h"
 
 #include <QDialog>
-#include <functional>
 #include <memory>
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class QPushButton;
 class QRadioButton;
 class QTableWidget;
 
@@ -22,7 +20,7 @@ class ListinoCamereWidget : public QDialog
 {
     Q_OBJECT
 public:
-    using Stampa = std::function<void(const reports::ModelloStampa&)>;
+    using Stampa = StampaListino;
 
     ListinoCamereWidget(std::unique_ptr<SchermoListinoCamere> logica, QWidget* genitore = nullptr);
     ~ListinoCamereWidget() override;
@@ -34,7 +32,6 @@ public:
 private:
     void versoLogica();
     void dallaLogica(bool conGriglia = true);
-    void dopoComando();
 
     std::unique_ptr<SchermoListinoCamere> m_logica;
     Stampa m_stampa;
@@ -54,8 +51,7 @@ private:
     QComboBox* m_listinoRic;
     QComboBox* m_codiceRic;
     QTableWidget* m_griglia;
-    QPushButton* m_ins;
-    QPushButton* m_cancella;
+    PulsantiListino m_pulsanti;
 };
 
 } // namespace tomvera::prezzi
