@@ -58,19 +58,9 @@ std::optional<QTime> leggiOra(const QString& testo)
     return t;
 }
 
-QString testoOra(const QTime& ora)
-{
-    return ora.isValid() ? ora.toString(QStringLiteral("HH.mm")) : QString();
-}
-
 QString dataArchivio(const QDate& data)
 {
     return data.isValid() ? data.toString(QStringLiteral("yyyy-MM-dd")) : QString();
-}
-
-QString dataOraArchivio(const QDateTime& momento)
-{
-    return momento.isValid() ? momento.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) : QString();
 }
 
 QString oraArchivio(const QTime& ora)
@@ -88,16 +78,6 @@ QDate dataDaArchivio(const QVariant& valore)
         return valore.toDateTime().date();
     const QString t = valore.toString();
     return QDate::fromString(t.left(10), QStringLiteral("yyyy-MM-dd"));
-}
-
-QDateTime dataOraDaArchivio(const QVariant& valore)
-{
-    if (valore.isNull())
-        return {};
-    const QString t = valore.toString();
-    if (t.size() <= 10)
-        return QDateTime(dataDaArchivio(valore), QTime(0, 0));
-    return QDateTime::fromString(t.left(19), QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
 QTime oraDaArchivio(const QVariant& valore)

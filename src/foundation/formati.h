@@ -19,16 +19,12 @@ std::optional<QDate> leggiData(const QString& testo);
 QString testoData(const QDate& data);
 // A time written with a point or a colon: "9.30", "09:30", "09:30:15".
 std::optional<QTime> leggiOra(const QString& testo);
-// HH.MM, the system's way of showing an hour.
-QString testoOra(const QTime& ora);
 
 // Stored format of the archive.
 QString dataArchivio(const QDate& data);
-QString dataOraArchivio(const QDateTime& momento);
 QString oraArchivio(const QTime& ora);
 // Null or unreadable values give an invalid date or time.
 QDate dataDaArchivio(const QVariant& valore);
-QDateTime dataOraDaArchivio(const QVariant& valore);
 QTime oraDaArchivio(const QVariant& valore);
 // The value to bind for a date field: null for an invalid date.
 QVariant valoreData(const QDate& data);
