@@ -1,6 +1,5 @@
 // The guest registry, the official code tables and the price lists on the main window's menus.
 #include "collegamenti.h"
-
 #include "foundation/archivio.h"
 #include "foundation/sessione.h"
 #include "foundation/ui/finestraavvio.h"
@@ -20,16 +19,16 @@ void collegaArchivi(FinestraAvvio& finestra, Sessione& sessione)
 {
     finestra.registraComando(QStringLiteral("Anagrafiche"), [&finestra, &sessione] {
         Archivio archivio(sessione.PercorsoDB, sessione.errori);
-        SchedaAnagraficaWidget scheda(std::make_unique<SchedaAnagrafica>(archivio, sessione.interazione, sessione.orologio),
-                                      &finestra);
+        SchedaAnagraficaWidget scheda(
+            std::make_unique<SchedaAnagrafica>(archivio, sessione.interazione, sessione.orologio), &finestra);
         scheda.exec();
     });
     finestra.registraComando(QStringLiteral("mConfigurazioneTabelle"), [&finestra, &sessione] {
         Archivio archivio(sessione.PercorsoDB, sessione.errori);
         ArchivioCodiciWidget schermo(
-            std::make_unique<ArchivioCodici>(archivio, sessione.interazione, sessione.PercorsoArchivioCodici,
-                                             ripristinoDaArchivioCodici(archivio, sessione.errori,
-                                                                        sessione.PercorsoArchivioCodici)),
+            std::make_unique<ArchivioCodici>(
+                archivio, sessione.interazione, sessione.PercorsoArchivioCodici,
+                ripristinoDaArchivioCodici(archivio, sessione.errori, sessione.PercorsoArchivioCodici)),
             &finestra);
         schermo.exec();
     });

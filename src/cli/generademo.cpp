@@ -1,5 +1,4 @@
 #include "comandi.h"
-
 #include "foundation/archivio.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/creazionedb.h"
@@ -7,7 +6,6 @@
 #include "reservations/demo.h"
 
 #include <QElapsedTimer>
-
 #include <limits>
 
 namespace tomvera::cli {
@@ -30,8 +28,8 @@ std::optional<int> intero(const Argomenti& argomenti, const QString& nome, int p
 
 int comandoGeneraDemo(const Argomenti& argomenti, Console& console)
 {
-    const QStringList fuori
-        = argomenti.sconosciuti({QStringLiteral("archivio"), QStringLiteral("camere"), QStringLiteral("anni"), QStringLiteral("seme")});
+    const QStringList fuori = argomenti.sconosciuti(
+        { QStringLiteral("archivio"), QStringLiteral("camere"), QStringLiteral("anni"), QStringLiteral("seme") });
     if (!fuori.isEmpty())
         return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
     const auto percorso = argomenti.valore(QStringLiteral("archivio"));
@@ -48,7 +46,7 @@ int comandoGeneraDemo(const Argomenti& argomenti, Console& console)
         return console.errore(QStringLiteral("Seme non valido: indicare un numero intero positivo"));
 
     const QString sky = CreazioneDB::percorsoSkyAccanto(*percorso);
-    for (const QString& file : {*percorso, sky}) {
+    for (const QString& file : { *percorso, sky }) {
         const QString problema = CreazioneDB::verificaFileArchivio(file);
         if (!problema.isEmpty())
             return console.errore(problema);

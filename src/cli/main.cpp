@@ -6,22 +6,23 @@
 using namespace tomvera::cli;
 
 static const Comando comandi[] = {
-    {"crea-archivio", "--archivio PATH", comandoCreaArchivio},
-    {"backup", "--archivio PATH --cartella DIR", comandoBackup},
-    {"ripristina", "--archivio PATH --file BACKUP", comandoRipristina},
-    {"verifica-codice-fiscale", "CODICE", comandoVerificaCodiceFiscale},
-    {"verifica-partita-iva", "NUMERO", comandoVerificaPartitaIva},
-    {"importa-codici", "--archivio PATH --tabella comuni|stati|documenti|tipoalloggiato --file FILE [--foglio NOME]",
-     comandoImportaCodici},
-    {"crea-archivio-codici", "--archivio PATH --cartella CARTELLA_CSV", comandoCreaArchivioCodici},
-    {"disponibilita",
-     "--archivio PATH (--camera N | --articolo CODICE --numero N | --sala CODICE --daora HH.MM --aora HH.MM)"
-     " --dal GG/MM/AAAA --al GG/MM/AAAA [--escludi INDICE]",
-     comandoDisponibilita},
-    {"prezzo", "--archivio PATH --listino NOME (--tipologia CODICE | --trattamento PAROLA) --dal GG/MM/AAAA --al GG/MM/AAAA",
-     comandoPrezzo},
-    {"genera-demo", "--archivio PATH [--camere N] [--anni A] [--seme S]", comandoGeneraDemo},
-    {"tabellone", "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--piano N]", comandoTabellone},
+    { "crea-archivio", "--archivio PATH", comandoCreaArchivio },
+    { "backup", "--archivio PATH --cartella DIR", comandoBackup },
+    { "ripristina", "--archivio PATH --file BACKUP", comandoRipristina },
+    { "verifica-codice-fiscale", "CODICE", comandoVerificaCodiceFiscale },
+    { "verifica-partita-iva", "NUMERO", comandoVerificaPartitaIva },
+    { "importa-codici", "--archivio PATH --tabella comuni|stati|documenti|tipoalloggiato --file FILE [--foglio NOME]",
+      comandoImportaCodici },
+    { "crea-archivio-codici", "--archivio PATH --cartella CARTELLA_CSV", comandoCreaArchivioCodici },
+    { "disponibilita",
+      "--archivio PATH (--camera N | --articolo CODICE --numero N | --sala CODICE --daora HH.MM --aora HH.MM)"
+      " --dal GG/MM/AAAA --al GG/MM/AAAA [--escludi INDICE]",
+      comandoDisponibilita },
+    { "prezzo",
+      "--archivio PATH --listino NOME (--tipologia CODICE | --trattamento PAROLA) --dal GG/MM/AAAA --al GG/MM/AAAA",
+      comandoPrezzo },
+    { "genera-demo", "--archivio PATH [--camere N] [--anni A] [--seme S]", comandoGeneraDemo },
+    { "tabellone", "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--piano N]", comandoTabellone },
 };
 
 int main(int argc, char** argv)

@@ -40,10 +40,10 @@ int comandoTabellone(const Argomenti& argomenti, Console& console)
 
     GestioneErrori errori;
     Archivio archivio(percorso, errori);
-    if (const QString problema = apriArchivioEsistente(
-            archivio,
-            { QStringLiteral("TabellaStrutturaCamere"), QStringLiteral("TabellaTipologieCamere"),
-              QStringLiteral("TabellaMovimenti") });
+    if (const QString problema
+        = apriArchivioEsistente(archivio,
+                                { QStringLiteral("TabellaStrutturaCamere"), QStringLiteral("TabellaTipologieCamere"),
+                                  QStringLiteral("TabellaMovimenti") });
         !problema.isEmpty())
         return console.errore(problema);
 

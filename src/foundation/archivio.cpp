@@ -57,7 +57,10 @@ QSqlDatabase apriConnessione(const QString& nome, const QString& percorso, bool 
 {
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nome);
     QUrl url = QUrl::fromLocalFile(QFileInfo(percorso).absoluteFilePath());
-    url.setQuery(QStringLiteral("mode=") + (solaLettura ? QStringLiteral("ro") : crea ? QStringLiteral("rwc") : QStringLiteral("rw")));
+    url.setQuery(QStringLiteral("mode=")
+                 + (solaLettura ? QStringLiteral("ro")
+                        : crea  ? QStringLiteral("rwc")
+                                : QStringLiteral("rw")));
     db.setDatabaseName(url.toString(QUrl::FullyEncoded));
     db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=0")
                          + (solaLettura ? QStringLiteral(";QSQLITE_OPEN_READONLY") : QString()));
@@ -105,7 +108,8 @@ bool Archivio::apri(Apertura modo)
             break;
         m_ultimoErrore = prova.lastError();
         const int numero = numeroErrore(m_ultimoErrore);
-        if (!GestioneErrori::erroreDiArchivioOccupato(numero) || !m_errori.GestioneErroreDatabase(numero, m_ultimoErrore.text())) {
+        if (!GestioneErrori::erroreDiArchivioOccupato(numero)
+            || !m_errori.GestioneErroreDatabase(numero, m_ultimoErrore.text())) {
             m_connessione.reset();
             return false;
         }
@@ -145,7 +149,8 @@ int Archivio::numeroErrore(const QSqlError& errore)
 // isnull and left are keywords of SQLite and can't be function names: old-style calls are renamed.
 static QString adattaSql(const QString& sql)
 {
-    if (!sql.contains(QLatin1String("isnull"), Qt::CaseInsensitive) && !sql.contains(QLatin1String("left"), Qt::CaseInsensitive))
+    if (!sql.contains(QLatin1String("isnull"), Qt::CaseInsensitive)
+        && !sql.contains(QLatin1String("left"), Qt::CaseInsensitive))
         return sql;
     static const QRegularExpression chiamata(QStringLiteral("(^|[^A-Za-z0-9_.])(isnull|left)\\s*\\("),
                                              QRegularExpression::CaseInsensitiveOption);

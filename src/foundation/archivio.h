@@ -6,7 +6,6 @@
 #include <QSqlRecord>
 #include <QString>
 #include <QVariant>
-
 #include <memory>
 #include <optional>
 
@@ -21,7 +20,8 @@ struct Connessione;
 class Archivio
 {
 public:
-    enum class Apertura {
+    enum class Apertura
+    {
         Esistente, // the file must exist; never created
         Crea // created if missing
     };

@@ -1,7 +1,6 @@
 #include "foundation/formati.h"
 
 #include <QRegularExpression>
-
 #include <cmath>
 
 namespace tomvera {
@@ -22,13 +21,15 @@ std::optional<QDate> leggiData(const QString& testo)
     if (t.isEmpty())
         return std::nullopt;
 
-    static const QRegularExpression iso(QStringLiteral("^(\\d{4})-(\\d{1,2})-(\\d{1,2})(?:[ T]\\d{1,2}:\\d{2}(?::\\d{2}(?:\\.\\d+)?)?)?$"));
+    static const QRegularExpression iso(
+        QStringLiteral("^(\\d{4})-(\\d{1,2})-(\\d{1,2})(?:[ T]\\d{1,2}:\\d{2}(?::\\d{2}(?:\\.\\d+)?)?)?$"));
     if (const auto m = iso.match(t); m.hasMatch()) {
         const QDate d(m.captured(1).toInt(), m.captured(2).toInt(), m.captured(3).toInt());
         return d.isValid() ? std::optional<QDate>(d) : std::nullopt;
     }
 
-    static const QRegularExpression italiana(QStringLiteral("^(\\d{1,2})([/.-])(\\d{1,2})\\2(\\d{2}|\\d{4})(?: \\d{1,2}[:.]\\d{2}(?:[:.]\\d{2})?)?$"));
+    static const QRegularExpression italiana(
+        QStringLiteral("^(\\d{1,2})([/.-])(\\d{1,2})\\2(\\d{2}|\\d{4})(?: \\d{1,2}[:.]\\d{2}(?:[:.]\\d{2})?)?$"));
     const auto m = italiana.match(t);
     if (!m.hasMatch())
         return std::nullopt;

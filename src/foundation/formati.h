@@ -4,7 +4,6 @@
 #include <QString>
 #include <QTime>
 #include <QVariant>
-
 #include <optional>
 
 namespace tomvera {

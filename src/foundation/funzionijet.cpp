@@ -4,10 +4,8 @@
 #include "foundation/formati.h"
 
 #include <QSqlDriver>
-
-#include <sqlite3.h>
-
 #include <cmath>
+#include <sqlite3.h>
 
 namespace tomvera {
 
@@ -108,7 +106,8 @@ void val(sqlite3_context* ctx, int, sqlite3_value** argv)
         return sqlite3_result_null(ctx);
     if (sqlite3_value_type(argv[0]) == SQLITE_INTEGER)
         return sqlite3_result_int64(ctx, sqlite3_value_int64(argv[0]));
-    const double v = sqlite3_value_type(argv[0]) == SQLITE_FLOAT ? sqlite3_value_double(argv[0]) : valoreVal(testo(argv[0]));
+    const double v
+        = sqlite3_value_type(argv[0]) == SQLITE_FLOAT ? sqlite3_value_double(argv[0]) : valoreVal(testo(argv[0]));
     if (std::floor(v) == v && std::fabs(v) < 9e15)
         sqlite3_result_int64(ctx, qint64(v));
     else
@@ -118,8 +117,8 @@ void val(sqlite3_context* ctx, int, sqlite3_value** argv)
 QString formattaDataJet(const QDateTime& momento, const QString& modello)
 {
     // Tokens of the old Format: d dd m mm mmm mmmm yy yyyy h hh n nn s ss; "mm" right after an hour is minutes.
-    static const char* const mesi[] = {"gennaio", "febbraio", "marzo", "aprile", "maggio", "giugno", "luglio",
-                                       "agosto", "settembre", "ottobre", "novembre", "dicembre"};
+    static const char* const mesi[] = { "gennaio", "febbraio", "marzo",     "aprile",  "maggio",   "giugno",
+                                        "luglio",  "agosto",   "settembre", "ottobre", "novembre", "dicembre" };
     QString out;
     bool dopoOra = false;
     int i = 0;
@@ -136,16 +135,19 @@ QString formattaDataJet(const QDateTime& momento, const QString& modello)
             dopoOra = false;
         } else if (c == QLatin1Char('m')) {
             if (dopoOra && n <= 2)
-                out += n == 2 ? QStringLiteral("%1").arg(t.minute(), 2, 10, QLatin1Char('0')) : QString::number(t.minute());
+                out += n == 2 ? QStringLiteral("%1").arg(t.minute(), 2, 10, QLatin1Char('0'))
+                              : QString::number(t.minute());
             else if (n >= 4)
                 out += QString::fromLatin1(mesi[d.month() - 1]);
             else if (n == 3)
                 out += QString::fromLatin1(mesi[d.month() - 1]).left(3);
             else
-                out += n == 2 ? QStringLiteral("%1").arg(d.month(), 2, 10, QLatin1Char('0')) : QString::number(d.month());
+                out += n == 2 ? QStringLiteral("%1").arg(d.month(), 2, 10, QLatin1Char('0'))
+                              : QString::number(d.month());
             dopoOra = false;
         } else if (c == QLatin1Char('y')) {
-            out += n >= 3 ? QString::number(d.year()) : QStringLiteral("%1").arg(d.year() % 100, 2, 10, QLatin1Char('0'));
+            out += n >= 3 ? QString::number(d.year())
+                          : QStringLiteral("%1").arg(d.year() % 100, 2, 10, QLatin1Char('0'));
             dopoOra = false;
         } else if (c == QLatin1Char('h')) {
             out += n >= 2 ? QStringLiteral("%1").arg(t.hour(), 2, 10, QLatin1Char('0')) : QString::number(t.hour());
@@ -167,7 +169,8 @@ QString formattaNumeroJet(double v, const QString& modello)
     const int punto = modello.indexOf(QLatin1Char('.'));
     int decimali = 0;
     if (punto >= 0) {
-        for (int i = punto + 1; i < modello.size() && (modello.at(i) == QLatin1Char('0') || modello.at(i) == QLatin1Char('#')); ++i)
+        for (int i = punto + 1;
+             i < modello.size() && (modello.at(i) == QLatin1Char('0') || modello.at(i) == QLatin1Char('#')); ++i)
             ++decimali;
     }
     const bool raggruppa = modello.contains(QLatin1Char(','));

@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <QStringList>
-
 #include <optional>
 
 namespace tomvera {
@@ -12,9 +11,23 @@ namespace tomvera {
 class Interazione
 {
 public:
-    enum class Icona { Nessuna, Informazione, Avviso, Critico, Domanda };
+    enum class Icona
+    {
+        Nessuna,
+        Informazione,
+        Avviso,
+        Critico,
+        Domanda
+    };
     // The kinds of the transient notice screen.
-    enum class TipoAvviso { Conferma, Informazione, Errore, Domanda, InputBox };
+    enum class TipoAvviso
+    {
+        Conferma,
+        Informazione,
+        Errore,
+        Domanda,
+        InputBox
+    };
 
     virtual ~Interazione() = default;
 

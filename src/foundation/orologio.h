@@ -18,7 +18,10 @@ public:
 class OrologioFisso : public Orologio
 {
 public:
-    explicit OrologioFisso(QDateTime momento) : m_momento(std::move(momento)) { }
+    explicit OrologioFisso(QDateTime momento)
+        : m_momento(std::move(momento))
+    {
+    }
     QDateTime adesso() const override { return m_momento; }
     void imposta(const QDateTime& momento) { m_momento = momento; }
 

@@ -5,7 +5,6 @@
 #include "foundation/variabili.h"
 
 #include <QSqlQuery>
-
 #include <array>
 #include <cmath>
 #include <random>
@@ -22,31 +21,32 @@ struct Comune
     const char* cap;
 };
 
-const std::array<Comune, 12> comuni = {{{"ROMA", "RM", "H501", "00185"},
-                                        {"MILANO", "MI", "F205", "20121"},
-                                        {"NAPOLI", "NA", "F839", "80133"},
-                                        {"TORINO", "TO", "L219", "10121"},
-                                        {"FIRENZE", "FI", "D612", "50123"},
-                                        {"BOLOGNA", "BO", "A944", "40121"},
-                                        {"BARI", "BA", "A662", "70121"},
-                                        {"PALERMO", "PA", "G273", "90133"},
-                                        {"VENEZIA", "VE", "L736", "30124"},
-                                        {"GENOVA", "GE", "D969", "16121"},
-                                        {"VERONA", "VR", "L781", "37121"},
-                                        {"PADOVA", "PD", "G224", "35122"}}};
+const std::array<Comune, 12> comuni = { { { "ROMA", "RM", "H501", "00185" },
+                                          { "MILANO", "MI", "F205", "20121" },
+                                          { "NAPOLI", "NA", "F839", "80133" },
+                                          { "TORINO", "TO", "L219", "10121" },
+                                          { "FIRENZE", "FI", "D612", "50123" },
+                                          { "BOLOGNA", "BO", "A944", "40121" },
+                                          { "BARI", "BA", "A662", "70121" },
+                                          { "PALERMO", "PA", "G273", "90133" },
+                                          { "VENEZIA", "VE", "L736", "30124" },
+                                          { "GENOVA", "GE", "D969", "16121" },
+                                          { "VERONA", "VR", "L781", "37121" },
+                                          { "PADOVA", "PD", "G224", "35122" } } };
 
 const std::array<const char*, 30> cognomi
-    = {"Rossi",  "Russo",    "Ferrari", "Esposito", "Bianchi", "Romano",  "Colombo",  "Ricci",   "Marino", "Greco",
-       "Bruno",  "Gallo",    "Conti",   "De Luca",  "Mancini", "Costa",   "Giordano", "Rizzo",   "Lombardi", "Moretti",
-       "D'Angelo", "Barbieri", "Fontana", "Santoro", "Mariani", "Rinaldi", "Caruso",   "Ferrara", "Galli",  "Martini"};
-const std::array<const char*, 14> nomiMaschili = {"Marco",   "Giuseppe", "Luca",    "Andrea", "Francesco",
-                                                  "Alessandro", "Matteo", "Lorenzo", "Davide", "Stefano",
-                                                  "Paolo",   "Giovanni", "Nicola",  "Roberto"};
-const std::array<const char*, 14> nomiFemminili = {"Giulia", "Francesca", "Sara",     "Chiara", "Anna",
-                                                   "Maria",  "Laura",     "Elena",    "Martina", "Valentina",
-                                                   "Federica", "Silvia",  "Alessandra", "Paola"};
-const std::array<const char*, 6> vie = {"Via Roma", "Via Garibaldi", "Corso Italia", "Via Mazzini", "Via Verdi",
-                                        "Piazza Dante"};
+    = { "Rossi",    "Russo",   "Ferrari",  "Esposito", "Bianchi",  "Romano",   "Colombo", "Ricci",
+        "Marino",   "Greco",   "Bruno",    "Gallo",    "Conti",    "De Luca",  "Mancini", "Costa",
+        "Giordano", "Rizzo",   "Lombardi", "Moretti",  "D'Angelo", "Barbieri", "Fontana", "Santoro",
+        "Mariani",  "Rinaldi", "Caruso",   "Ferrara",  "Galli",    "Martini" };
+const std::array<const char*, 14> nomiMaschili
+    = { "Marco",   "Giuseppe", "Luca",    "Andrea", "Francesco", "Alessandro", "Matteo",
+        "Lorenzo", "Davide",   "Stefano", "Paolo",  "Giovanni",  "Nicola",     "Roberto" };
+const std::array<const char*, 14> nomiFemminili
+    = { "Giulia", "Francesca", "Sara",      "Chiara",   "Anna",   "Maria",      "Laura",
+        "Elena",  "Martina",   "Valentina", "Federica", "Silvia", "Alessandra", "Paola" };
+const std::array<const char*, 6> vie
+    = { "Via Roma", "Via Garibaldi", "Corso Italia", "Via Mazzini", "Via Verdi", "Piazza Dante" };
 
 struct Straniero
 {
@@ -56,14 +56,14 @@ struct Straniero
     bool femmina;
 };
 
-const std::array<Straniero, 8> stranieri = {{{"GERMANIA", "Müller", "Hans", false},
-                                            {"GERMANIA", "Schmidt", "Anke", true},
-                                            {"FRANCIA", "Martin", "Claire", true},
-                                            {"FRANCIA", "Bernard", "Luc", false},
-                                            {"AUSTRIA", "Gruber", "Stefan", false},
-                                            {"SVIZZERA", "Keller", "Ursula", true},
-                                            {"PAESI BASSI", "de Vries", "Jan", false},
-                                            {"REGNO UNITO", "Smith", "Emily", true}}};
+const std::array<Straniero, 8> stranieri = { { { "GERMANIA", "Müller", "Hans", false },
+                                               { "GERMANIA", "Schmidt", "Anke", true },
+                                               { "FRANCIA", "Martin", "Claire", true },
+                                               { "FRANCIA", "Bernard", "Luc", false },
+                                               { "AUSTRIA", "Gruber", "Stefan", false },
+                                               { "SVIZZERA", "Keller", "Ursula", true },
+                                               { "PAESI BASSI", "de Vries", "Jan", false },
+                                               { "REGNO UNITO", "Smith", "Emily", true } } };
 
 struct Tipologia
 {
@@ -74,11 +74,11 @@ struct Tipologia
     double prezzoNotteBassa; // the season multipliers apply to this
 };
 
-const std::array<Tipologia, 5> tipologie = {{{"SGL", "Singola", 1, 12632256, 60},
-                                            {"DBL", "Doppia", 2, 16744576, 90},
-                                            {"TRP", "Tripla", 3, 8454016, 120},
-                                            {"QDP", "Quadrupla", 4, 16761024, 145},
-                                            {"SUI", "Suite", 2, 8421631, 190}}};
+const std::array<Tipologia, 5> tipologie = { { { "SGL", "Singola", 1, 12632256, 60 },
+                                               { "DBL", "Doppia", 2, 16744576, 90 },
+                                               { "TRP", "Tripla", 3, 8454016, 120 },
+                                               { "QDP", "Quadrupla", 4, 16761024, 145 },
+                                               { "SUI", "Suite", 2, 8421631, 190 } } };
 
 struct Stagione
 {
@@ -87,14 +87,14 @@ struct Stagione
     double fattore;
 };
 
-const std::array<Stagione, 5> stagioni = {{{"01/01", "31/05", 1.0},
-                                          {"01/06", "15/07", 1.3},
-                                          {"16/07", "31/08", 1.7},
-                                          {"01/09", "30/09", 1.3},
-                                          {"01/10", "31/12", 1.0}}};
+const std::array<Stagione, 5> stagioni = { { { "01/01", "31/05", 1.0 },
+                                             { "01/06", "15/07", 1.3 },
+                                             { "16/07", "31/08", 1.7 },
+                                             { "01/09", "30/09", 1.3 },
+                                             { "01/10", "31/12", 1.0 } } };
 
 const std::array<const char*, 4> trattamenti
-    = {"Pernottamento", "Pernottamento e Colazione", "Mezza Pensione", "Pensione Completa"};
+    = { "Pernottamento", "Pernottamento e Colazione", "Mezza Pensione", "Pensione Completa" };
 
 QString lettereCodice(const QString& testo)
 {
@@ -132,8 +132,9 @@ QString codiceFiscale(const QString& cognome, const QString& nome, const QDate& 
     codice += QStringLiteral("ABCDEHLMPRST").at(nascita.month() - 1);
     codice += QStringLiteral("%1").arg(nascita.day() + (femmina ? 40 : 0), 2, 10, QLatin1Char('0'));
     codice += codiceComune.toUpper();
-    static const int dispari[36] = {1, 0, 5, 7, 9, 13, 15, 17, 19, 21, // 0-9
-                                    1, 0, 5, 7, 9, 13, 15, 17, 19, 21, 2, 4, 18, 20, 11, 3, 6, 8, 12, 14, 16, 10, 22, 25, 24, 23};
+    static const int dispari[36]
+        = { 1, 0, 5, 7, 9, 13, 15, 17, 19, 21, // 0-9
+            1, 0, 5, 7, 9, 13, 15, 17, 19, 21, 2, 4, 18, 20, 11, 3, 6, 8, 12, 14, 16, 10, 22, 25, 24, 23 };
     int somma = 0;
     for (int i = 0; i < 15; ++i) {
         const QChar ch = codice.at(i);
@@ -205,8 +206,10 @@ bool Generatore::inserisci(const QString& sql, const QVariantList& valori)
 double Generatore::prezzoNotte(int tipologia, const QDate& giorno) const
 {
     for (const Stagione& s : stagioni) {
-        const QDate dal(giorno.year(), QString::fromLatin1(s.dal).mid(3, 2).toInt(), QString::fromLatin1(s.dal).left(2).toInt());
-        const QDate al(giorno.year(), QString::fromLatin1(s.al).mid(3, 2).toInt(), QString::fromLatin1(s.al).left(2).toInt());
+        const QDate dal(giorno.year(), QString::fromLatin1(s.dal).mid(3, 2).toInt(),
+                        QString::fromLatin1(s.dal).left(2).toInt());
+        const QDate al(giorno.year(), QString::fromLatin1(s.al).mid(3, 2).toInt(),
+                       QString::fromLatin1(s.al).left(2).toInt());
         if (giorno >= dal && giorno <= al)
             return tipologie[tipologia].prezzoNotteBassa * s.fattore;
     }
@@ -224,19 +227,20 @@ bool Generatore::struttura()
 
     if (!m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM Configurazioni")))
         m_archivio.comando(QStringLiteral("INSERT INTO Configurazioni (RagSociale) VALUES ('')"));
-    if (!m_archivio.comando(QStringLiteral("UPDATE Configurazioni SET RagSociale = ?, Indirizzo = ?, Cap = ?, Comune = ?, "
-                                           "Provincia = ?, Piva = ?, Tel = ?, Righe = ?, Colonne = ?, NroPiani = ?, "
-                                           "IvaPrenotazioni = 10, IvaRistorante = 10, ValIva0 = 22, ValIva1 = 10, "
-                                           "ValIva2 = 4, ValIva3 = 0"),
-                            {QStringLiteral("Hotel Belvedere"), QStringLiteral("Lungomare Marconi 12"),
-                             QStringLiteral("47921"), QStringLiteral("Rimini"), QStringLiteral("RN"),
-                             QStringLiteral("01234567897"), QStringLiteral("0541 123456"), righe, colonne, piani}))
+    if (!m_archivio.comando(
+            QStringLiteral("UPDATE Configurazioni SET RagSociale = ?, Indirizzo = ?, Cap = ?, Comune = ?, "
+                           "Provincia = ?, Piva = ?, Tel = ?, Righe = ?, Colonne = ?, NroPiani = ?, "
+                           "IvaPrenotazioni = 10, IvaRistorante = 10, ValIva0 = 22, ValIva1 = 10, "
+                           "ValIva2 = 4, ValIva3 = 0"),
+            { QStringLiteral("Hotel Belvedere"), QStringLiteral("Lungomare Marconi 12"), QStringLiteral("47921"),
+              QStringLiteral("Rimini"), QStringLiteral("RN"), QStringLiteral("01234567897"),
+              QStringLiteral("0541 123456"), righe, colonne, piani }))
         return false;
 
     for (const Tipologia& t : tipologie) {
         if (!inserisci(QStringLiteral("INSERT INTO TabellaTipologieCamere (NomeTipologia, NroPersone, Note, Colore, "
                                       "CodiceTipologia) VALUES (?, ?, '', ?, ?)"),
-                       {QString::fromUtf8(t.nome), t.persone, t.colore, QString::fromLatin1(t.codice)}))
+                       { QString::fromUtf8(t.nome), t.persone, t.colore, QString::fromLatin1(t.codice) }))
             return false;
     }
     int fatte = 0;
@@ -246,11 +250,12 @@ bool Generatore::struttura()
             const int scelta = tra(0, 99);
             const int tipologia = scelta < 12 ? 0 : scelta < 70 ? 1 : scelta < 85 ? 2 : scelta < 95 ? 3 : 4;
             const QString numero = QString::number(piano * 100 + i + 1);
-            if (!inserisci(QStringLiteral("INSERT INTO TabellaStrutturaCamere (NroCamera, X, Y, NroPiano, CodiceTipologia, "
-                                          "CodiceAzienda) VALUES (?, ?, ?, ?, ?, '')"),
-                           {numero, i % colonne, i / colonne, piano, QString::fromLatin1(tipologie[tipologia].codice)}))
+            if (!inserisci(
+                    QStringLiteral("INSERT INTO TabellaStrutturaCamere (NroCamera, X, Y, NroPiano, CodiceTipologia, "
+                                   "CodiceAzienda) VALUES (?, ?, ?, ?, ?, '')"),
+                    { numero, i % colonne, i / colonne, piano, QString::fromLatin1(tipologie[tipologia].codice) }))
                 return false;
-            m_camere.append({numero, tipologia});
+            m_camere.append({ numero, tipologia });
         }
     }
     m_esito.camere = m_camere.size();
@@ -263,30 +268,34 @@ bool Generatore::listini()
     for (const Tipologia& t : tipologie) {
         for (const Stagione& s : stagioni) {
             const double notte = t.prezzoNotteBassa * s.fattore;
-            for (int giorni : {1, 7}) {
+            for (int giorni : { 1, 7 }) {
                 const double prezzo = giorni == 1 ? notte : std::round(notte * 6.0);
-                if (!inserisci(QStringLiteral("INSERT INTO TabellaListinoCamere (Listino, CodiceTipologia, Dal, Al, Prezzo, "
-                                              "Iva, Giorni) VALUES (?, ?, ?, ?, ?, 10, ?)"),
-                               {listino, QString::fromLatin1(t.codice), QString::fromLatin1(s.dal),
-                                QString::fromLatin1(s.al), prezzo, giorni}))
+                if (!inserisci(
+                        QStringLiteral("INSERT INTO TabellaListinoCamere (Listino, CodiceTipologia, Dal, Al, Prezzo, "
+                                       "Iva, Giorni) VALUES (?, ?, ?, ?, ?, 10, ?)"),
+                        { listino, QString::fromLatin1(t.codice), QString::fromLatin1(s.dal), QString::fromLatin1(s.al),
+                          prezzo, giorni }))
                     return false;
             }
         }
     }
-    const double supplemento[] = {0, 8, 25, 40};
+    const double supplemento[] = { 0, 8, 25, 40 };
     for (int k = 0; k < 4; ++k) {
         for (const Stagione& s : stagioni) {
-            if (!inserisci(QStringLiteral("INSERT INTO TabellaListinoCamereAPersona (Listino, Trattamento, Dal, Al, Prezzo, "
-                                          "Iva, Giorni) VALUES (?, ?, ?, ?, ?, 10, 1)"),
-                           {QStringLiteral("Listino a Persona"), QString::fromLatin1(trattamenti[size_t(k)]),
-                            QString::fromLatin1(s.dal), QString::fromLatin1(s.al), std::round(40 * s.fattore) + supplemento[k]}))
+            if (!inserisci(
+                    QStringLiteral("INSERT INTO TabellaListinoCamereAPersona (Listino, Trattamento, Dal, Al, Prezzo, "
+                                   "Iva, Giorni) VALUES (?, ?, ?, ?, ?, 10, 1)"),
+                    { QStringLiteral("Listino a Persona"), QString::fromLatin1(trattamenti[size_t(k)]),
+                      QString::fromLatin1(s.dal), QString::fromLatin1(s.al),
+                      std::round(40 * s.fattore) + supplemento[k] }))
                 return false;
         }
     }
     // The reservation screen proposes these lists from the start.
     Variabili variabili(m_archivio);
     if (!variabili.SalvaVariabileStringa(QStringLiteral("F_Prenotazione_ListinoCamere"), listino)
-        || !variabili.SalvaVariabileStringa(QStringLiteral("F_Prenotazione_ListinoTrattamenti"), QStringLiteral("Listino a Persona")))
+        || !variabili.SalvaVariabileStringa(QStringLiteral("F_Prenotazione_ListinoTrattamenti"),
+                                            QStringLiteral("Listino a Persona")))
         return false;
     struct Voce
     {
@@ -295,15 +304,22 @@ bool Generatore::listini()
         double prezzo;
         double iva;
     };
-    const Voce voci[] = {{"Bar", "Acqua minerale", 2.0, 10},    {"Bar", "Caffè", 1.2, 10},
-                         {"Bar", "Bibita", 3.0, 10},            {"Bar", "Cocktail", 7.5, 22},
-                         {"Servizi", "Parcheggio", 10.0, 22},   {"Servizi", "Lavanderia", 15.0, 22},
-                         {"Servizi", "Culla", 8.0, 10},         {"Servizi", "Animale domestico", 12.0, 10},
-                         {"Ristorante", "Pranzo extra", 25.0, 10}, {"Ristorante", "Cena extra", 30.0, 10},
-                         {"Benessere", "Massaggio", 45.0, 22},  {"Benessere", "Ingresso SPA", 20.0, 22}};
+    const Voce voci[] = { { "Bar", "Acqua minerale", 2.0, 10 },
+                          { "Bar", "Caffè", 1.2, 10 },
+                          { "Bar", "Bibita", 3.0, 10 },
+                          { "Bar", "Cocktail", 7.5, 22 },
+                          { "Servizi", "Parcheggio", 10.0, 22 },
+                          { "Servizi", "Lavanderia", 15.0, 22 },
+                          { "Servizi", "Culla", 8.0, 10 },
+                          { "Servizi", "Animale domestico", 12.0, 10 },
+                          { "Ristorante", "Pranzo extra", 25.0, 10 },
+                          { "Ristorante", "Cena extra", 30.0, 10 },
+                          { "Benessere", "Massaggio", 45.0, 22 },
+                          { "Benessere", "Ingresso SPA", 20.0, 22 } };
     for (const Voce& v : voci) {
-        if (!inserisci(QStringLiteral("INSERT INTO TabellaListinoAccessori (Tipo, Descrizione, Prezzo, Iva) VALUES (?, ?, ?, ?)"),
-                       {QString::fromUtf8(v.tipo), QString::fromUtf8(v.descrizione), v.prezzo, v.iva}))
+        if (!inserisci(QStringLiteral(
+                           "INSERT INTO TabellaListinoAccessori (Tipo, Descrizione, Prezzo, Iva) VALUES (?, ?, ?, ?)"),
+                       { QString::fromUtf8(v.tipo), QString::fromUtf8(v.descrizione), v.prezzo, v.iva }))
             return false;
     }
     return true;
@@ -338,7 +354,8 @@ bool Generatore::anagrafiche()
                            : QString::fromUtf8(nomiMaschili[size_t(tra(0, int(nomiMaschili.size()) - 1))]);
             const Comune& nascita = comuni[size_t(tra(0, int(comuni.size()) - 1))];
             const Comune& residenza = probabile(0.7) ? nascita : comuni[size_t(tra(0, int(comuni.size()) - 1))];
-            c.insert(QStringLiteral("Indirizzo"), QStringLiteral("%1 %2").arg(QString::fromLatin1(vie[size_t(tra(0, 5))])).arg(tra(1, 120)));
+            c.insert(QStringLiteral("Indirizzo"),
+                     QStringLiteral("%1 %2").arg(QString::fromLatin1(vie[size_t(tra(0, 5))])).arg(tra(1, 120)));
             c.insert(QStringLiteral("Cap"), QString::fromLatin1(residenza.cap));
             c.insert(QStringLiteral("Comune"), QString::fromLatin1(residenza.nome));
             c.insert(QStringLiteral("Provincia"), QString::fromLatin1(residenza.provincia));
@@ -349,7 +366,8 @@ bool Generatore::anagrafiche()
             c.insert(QStringLiteral("ProvinciaDiNascita"), QString::fromLatin1(nascita.provincia));
             c.insert(QStringLiteral("ResidenzaIstat"), QString::fromLatin1(residenza.provincia));
             c.insert(QStringLiteral("TipoDocumento"), QStringLiteral("CARTA DI IDENTITA'"));
-            c.insert(QStringLiteral("NroDocumento"), QString(QStringLiteral("CA%1").arg(tra(10000, 99999)) + QStringLiteral("AB")));
+            c.insert(QStringLiteral("NroDocumento"),
+                     QString(QStringLiteral("CA%1").arg(tra(10000, 99999)) + QStringLiteral("AB")));
             c.insert(QStringLiteral("LuogoDocumento"), QString::fromLatin1(residenza.nome));
             c.insert(QStringLiteral("CodiceNascita"), QString::fromLatin1(nascita.codice));
         }
@@ -360,7 +378,9 @@ bool Generatore::anagrafiche()
         c.insert(QStringLiteral("Nome"), nome);
         c.insert(QStringLiteral("Cognome"), cognome);
         c.insert(QStringLiteral("CodiceFiscale"),
-                 estero ? QString() : codiceFiscale(cognome, nome, nascitaData, femmina, c.value(QStringLiteral("CodiceNascita")).toString()));
+                 estero ? QString()
+                        : codiceFiscale(cognome, nome, nascitaData, femmina,
+                                        c.value(QStringLiteral("CodiceNascita")).toString()));
         c.remove(QStringLiteral("CodiceNascita"));
         c.insert(QStringLiteral("Cellulare"), QStringLiteral("3%1").arg(tra(100000000, 999999999)));
         c.insert(QStringLiteral("DataNascita"), dataArchivio(nascitaData));
@@ -386,7 +406,7 @@ bool Generatore::anagrafiche()
                            + QStringLiteral(") VALUES (") + segnaposti + QLatin1Char(')'),
                        valori))
             return false;
-        m_persone.append({m_archivio.ultimoIndiceInserito(), c});
+        m_persone.append({ m_archivio.ultimoIndiceInserito(), c });
     }
     m_esito.anagrafiche = m_persone.size();
     return true;
@@ -406,42 +426,77 @@ bool Generatore::prenotazioni()
 
     const QString insTestata = QStringLiteral(
         "INSERT INTO TabellaPrenotazioni (NumeroPrenotazione, DataPrenotazione, NotePrenotazione, ListinoCamere, "
-        "TotaleAcconto, Totale, Abbuono, Stato, Saldato, TourOperator, CodiceTourOperator, PrezziACamera, PrezziAPersona, "
+        "TotaleAcconto, Totale, Abbuono, Stato, Saldato, TourOperator, CodiceTourOperator, PrezziACamera, "
+        "PrezziAPersona, "
         "PrenotazioneChiusa, CodiceAzienda, RiferimentoDoc, RiferimentoNumero) "
         "VALUES (?, ?, ?, 'Listino Ufficiale', ?, ?, 0, ?, ?, '', '', 1, 0, ?, '', '', '')");
-    const QString insCamera = QStringLiteral(
-        "INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Listino, PrenotazioneChiusa, IndiceRiga, NroCamera, "
-        "CodiceTipologiaCamera, Dal, Al, Avere, Iva, CheckInSky, CheckOutSky) "
-        "VALUES (?, 'PrenotazioneCamera', 'Listino Ufficiale', ?, ?, ?, ?, ?, ?, ?, 10, 0, 0)");
-    const QString insAccessorio = QStringLiteral(
-        "INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, IndiceRiga, IndiceAccessorio, Data, TipoAccessorio, "
-        "Descrizione, Qta, Avere, Iva, NroCamera) VALUES (?, 'Accessori', ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-    const QString insAcconto = QStringLiteral(
-        "INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Data, Descrizione, Dare, EffettuataFatturaRicevuta) "
-        "VALUES (?, 'Acconto', ?, ?, ?, 0)");
-    QStringList campiOspite = {QStringLiteral("IndicePrenotazioneAssociata"), QStringLiteral("NroArrivo"),
-                               QStringLiteral("DataArrivo"), QStringLiteral("DataPartenza"), QStringLiteral("IndiceCliente"),
-                               QStringLiteral("NroCameraCliente"), QStringLiteral("ClienteIntestatario"),
-                               QStringLiteral("TipoTrattamento"), QStringLiteral("PrezzoTrattamento"),
-                               QStringLiteral("TotalePrezzoTrattamento"), QStringLiteral("IndiceRiga"),
-                               QStringLiteral("TipoDiAlloggiato"), QStringLiteral("CodiceTipoDiAlloggiato"),
-                               QStringLiteral("CapoGruppoFamiglia"), QStringLiteral("OrdinamentoTipoAlloggiato"),
-                               QStringLiteral("Arrivato"), QStringLiteral("StatoInvioTelematico"),
-                               QStringLiteral("CamereOccupate"), QStringLiteral("TipoTurismo"),
-                               QStringLiteral("MezzoDiTrasporto"), QStringLiteral("Email"), QStringLiteral("Web"),
-                               QStringLiteral("Telefono"), QStringLiteral("Fax"), QStringLiteral("Piva"),
-                               QStringLiteral("NoteCliente"), QStringLiteral("CodiceAzienda")};
-    const QStringList copiati = {QStringLiteral("CodiceAnagrafica"), QStringLiteral("RagSociale"), QStringLiteral("Nome"),
-                                 QStringLiteral("Cognome"), QStringLiteral("Indirizzo"), QStringLiteral("Cap"),
-                                 QStringLiteral("Comune"), QStringLiteral("Provincia"), QStringLiteral("CodiceFiscale"),
-                                 QStringLiteral("Cellulare"), QStringLiteral("TipoDocumento"), QStringLiteral("NroDocumento"),
-                                 QStringLiteral("DataDocumento"), QStringLiteral("DataNascita"), QStringLiteral("LuogoNascita"),
-                                 QStringLiteral("Cittadinanza"), QStringLiteral("Nazione"), QStringLiteral("StatoDiNascita"),
-                                 QStringLiteral("LuogoDocumento"), QStringLiteral("ProvinciaDiNascita"),
-                                 QStringLiteral("MaschioFemmina"), QStringLiteral("ResidenzaItaliana"),
-                                 QStringLiteral("ResidenzaEstera"), QStringLiteral("NascitaItalia"),
-                                 QStringLiteral("NascitaEstero"), QStringLiteral("DocumentoItalia"),
-                                 QStringLiteral("DocumentoEstero"), QStringLiteral("ResidenzaIstat")};
+    const QString insCamera
+        = QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Listino, "
+                         "PrenotazioneChiusa, IndiceRiga, NroCamera, "
+                         "CodiceTipologiaCamera, Dal, Al, Avere, Iva, CheckInSky, CheckOutSky) "
+                         "VALUES (?, 'PrenotazioneCamera', 'Listino Ufficiale', ?, ?, ?, ?, ?, ?, ?, 10, 0, 0)");
+    const QString insAccessorio
+        = QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, IndiceRiga, "
+                         "IndiceAccessorio, Data, TipoAccessorio, "
+                         "Descrizione, Qta, Avere, Iva, NroCamera) VALUES (?, 'Accessori', ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    const QString insAcconto = QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Data, "
+                                              "Descrizione, Dare, EffettuataFatturaRicevuta) "
+                                              "VALUES (?, 'Acconto', ?, ?, ?, 0)");
+    QStringList campiOspite = { QStringLiteral("IndicePrenotazioneAssociata"),
+                                QStringLiteral("NroArrivo"),
+                                QStringLiteral("DataArrivo"),
+                                QStringLiteral("DataPartenza"),
+                                QStringLiteral("IndiceCliente"),
+                                QStringLiteral("NroCameraCliente"),
+                                QStringLiteral("ClienteIntestatario"),
+                                QStringLiteral("TipoTrattamento"),
+                                QStringLiteral("PrezzoTrattamento"),
+                                QStringLiteral("TotalePrezzoTrattamento"),
+                                QStringLiteral("IndiceRiga"),
+                                QStringLiteral("TipoDiAlloggiato"),
+                                QStringLiteral("CodiceTipoDiAlloggiato"),
+                                QStringLiteral("CapoGruppoFamiglia"),
+                                QStringLiteral("OrdinamentoTipoAlloggiato"),
+                                QStringLiteral("Arrivato"),
+                                QStringLiteral("StatoInvioTelematico"),
+                                QStringLiteral("CamereOccupate"),
+                                QStringLiteral("TipoTurismo"),
+                                QStringLiteral("MezzoDiTrasporto"),
+                                QStringLiteral("Email"),
+                                QStringLiteral("Web"),
+                                QStringLiteral("Telefono"),
+                                QStringLiteral("Fax"),
+                                QStringLiteral("Piva"),
+                                QStringLiteral("NoteCliente"),
+                                QStringLiteral("CodiceAzienda") };
+    const QStringList copiati = { QStringLiteral("CodiceAnagrafica"),
+                                  QStringLiteral("RagSociale"),
+                                  QStringLiteral("Nome"),
+                                  QStringLiteral("Cognome"),
+                                  QStringLiteral("Indirizzo"),
+                                  QStringLiteral("Cap"),
+                                  QStringLiteral("Comune"),
+                                  QStringLiteral("Provincia"),
+                                  QStringLiteral("CodiceFiscale"),
+                                  QStringLiteral("Cellulare"),
+                                  QStringLiteral("TipoDocumento"),
+                                  QStringLiteral("NroDocumento"),
+                                  QStringLiteral("DataDocumento"),
+                                  QStringLiteral("DataNascita"),
+                                  QStringLiteral("LuogoNascita"),
+                                  QStringLiteral("Cittadinanza"),
+                                  QStringLiteral("Nazione"),
+                                  QStringLiteral("StatoDiNascita"),
+                                  QStringLiteral("LuogoDocumento"),
+                                  QStringLiteral("ProvinciaDiNascita"),
+                                  QStringLiteral("MaschioFemmina"),
+                                  QStringLiteral("ResidenzaItaliana"),
+                                  QStringLiteral("ResidenzaEstera"),
+                                  QStringLiteral("NascitaItalia"),
+                                  QStringLiteral("NascitaEstero"),
+                                  QStringLiteral("DocumentoItalia"),
+                                  QStringLiteral("DocumentoEstero"),
+                                  QStringLiteral("ResidenzaIstat") };
     campiOspite << copiati;
     QString segnaposti;
     for (int i = 0; i < campiOspite.size(); ++i)
@@ -449,9 +504,9 @@ bool Generatore::prenotazioni()
     const QString insOspite = QStringLiteral("INSERT INTO TabellaAnagraficheAssociatePrenotazioni (")
         + campiOspite.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") + segnaposti + QLatin1Char(')');
 
-    const char* const stati[] = {"Confermata", "Confermata", "Confermata", "Opzione", "Telefonica", "Web"};
-    const char* const turismo[] = {"Vacanza", "Affari", "Congressi", "Cultura", "Terme"};
-    const char* const trasporti[] = {"Auto", "Treno", "Aereo", "Pullman", "Moto"};
+    const char* const stati[] = { "Confermata", "Confermata", "Confermata", "Opzione", "Telefonica", "Web" };
+    const char* const turismo[] = { "Vacanza", "Affari", "Congressi", "Cultura", "Terme" };
+    const char* const trasporti[] = { "Auto", "Treno", "Aereo", "Pullman", "Moto" };
     const struct
     {
         const char* tipo;
@@ -459,9 +514,9 @@ bool Generatore::prenotazioni()
         double prezzo;
         double iva;
         int indice;
-    } extra[] = {{"Bar", "Acqua minerale", 2.0, 10, 1}, {"Bar", "Caffè", 1.2, 10, 2}, {"Bar", "Bibita", 3.0, 10, 3},
-                 {"Servizi", "Parcheggio", 10.0, 22, 5}, {"Servizi", "Lavanderia", 15.0, 22, 6},
-                 {"Ristorante", "Cena extra", 30.0, 10, 10}};
+    } extra[] = { { "Bar", "Acqua minerale", 2.0, 10, 1 },  { "Bar", "Caffè", 1.2, 10, 2 },
+                  { "Bar", "Bibita", 3.0, 10, 3 },          { "Servizi", "Parcheggio", 10.0, 22, 5 },
+                  { "Servizi", "Lavanderia", 15.0, 22, 6 }, { "Ristorante", "Cena extra", 30.0, 10, 10 } };
 
     for (;;) {
         // The room whose calendar is furthest behind gets the next stay.
@@ -483,7 +538,7 @@ bool Generatore::prenotazioni()
         const QDate partenza = arrivo.addDays(notti);
 
         // A group takes several rooms for the same nights; a family one room with several people.
-        QList<int> stanze{stanza};
+        QList<int> stanze { stanza };
         const bool gruppo = probabile(0.06);
         if (gruppo) {
             for (int i = 0; i < m_camere.size() && stanze.size() < 4; ++i)
@@ -513,29 +568,36 @@ bool Generatore::prenotazioni()
         }
         const bool acconto = probabile(0.35);
         const double importoAcconto = acconto ? std::round(totale * 0.3) : 0.0;
-        if (!inserisci(insTestata, {numero, dataArchivio(dataPrenotazione), QString(), importoAcconto, totale,
-                                    saldata ? QStringLiteral("Saldato") : QString::fromLatin1(stati[tra(0, 5)]),
-                                    saldata ? 1 : 0, chiusa ? 1 : 0}))
+        if (!inserisci(insTestata,
+                       { numero, dataArchivio(dataPrenotazione), QString(), importoAcconto, totale,
+                         saldata ? QStringLiteral("Saldato") : QString::fromLatin1(stati[tra(0, 5)]), saldata ? 1 : 0,
+                         chiusa ? 1 : 0 }))
             return false;
         const qint64 indice = m_archivio.ultimoIndiceInserito();
         ++m_esito.prenotazioni;
 
         for (int k = 0; k < stanze.size(); ++k) {
             const Camera& cam = m_camere.at(stanze.at(k));
-            if (!inserisci(insCamera, {indice, chiusa ? 1 : 0, k + 1, cam.numero, QString::fromLatin1(tipologie[cam.tipologia].codice),
-                                       dataArchivio(arrivo), dataArchivio(partenza), prezzi.at(k)}))
+            if (!inserisci(insCamera,
+                           { indice, chiusa ? 1 : 0, k + 1, cam.numero,
+                             QString::fromLatin1(tipologie[cam.tipologia].codice), dataArchivio(arrivo),
+                             dataArchivio(partenza), prezzi.at(k) }))
                 return false;
         }
-        if (acconto && !inserisci(insAcconto, {indice, dataArchivio(dataPrenotazione), QStringLiteral("Acconto caparra"), importoAcconto}))
+        if (acconto
+            && !inserisci(
+                insAcconto,
+                { indice, dataArchivio(dataPrenotazione), QStringLiteral("Acconto caparra"), importoAcconto }))
             return false;
         if (iniziata && probabile(0.6)) {
             const int righe = tra(1, 3);
             for (int r = 0; r < righe; ++r) {
                 const auto& e = extra[tra(0, 5)];
                 const int qta = tra(1, 3);
-                if (!inserisci(insAccessorio, {indice, r + 1, e.indice, dataArchivio(arrivo.addDays(tra(0, notti - 1))),
-                                               QString::fromUtf8(e.tipo), QString::fromUtf8(e.descrizione), qta,
-                                               e.prezzo * qta, e.iva, m_camere.at(stanza).numero}))
+                if (!inserisci(insAccessorio,
+                               { indice, r + 1, e.indice, dataArchivio(arrivo.addDays(tra(0, notti - 1))),
+                                 QString::fromUtf8(e.tipo), QString::fromUtf8(e.descrizione), qta, e.prezzo * qta,
+                                 e.iva, m_camere.at(stanza).numero }))
                     return false;
             }
         }
@@ -553,21 +615,45 @@ bool Generatore::prenotazioni()
                 QString tipo;
                 QString codiceTipo;
                 if (riga == 1) {
-                    tipo = gruppo ? QStringLiteral("CAPOGRUPPO") : persone > 1 ? QStringLiteral("CAPOFAMIGLIA") : QStringLiteral("OSPITE SINGOLO");
-                    codiceTipo = gruppo ? QStringLiteral("18") : persone > 1 ? QStringLiteral("17") : QStringLiteral("16");
+                    tipo = gruppo     ? QStringLiteral("CAPOGRUPPO")
+                        : persone > 1 ? QStringLiteral("CAPOFAMIGLIA")
+                                      : QStringLiteral("OSPITE SINGOLO");
+                    codiceTipo = gruppo ? QStringLiteral("18")
+                        : persone > 1   ? QStringLiteral("17")
+                                        : QStringLiteral("16");
                     capo = persona.campi.value(QStringLiteral("RagSociale")).toString();
                 } else {
                     tipo = gruppo ? QStringLiteral("MEMBRO GRUPPO") : QStringLiteral("FAMILIARE");
                     codiceTipo = gruppo ? QStringLiteral("20") : QStringLiteral("19");
                 }
                 const int nroArrivo = iniziata ? ++arrivoPerAnno[arrivo.year()] : 0;
-                QVariantList valori{indice, nroArrivo, dataArchivio(arrivo), dataArchivio(partenza), persona.indice,
-                                    cam.numero, riga == 1 ? 1 : 0, trattamento, 0.0, 0.0, riga, tipo, codiceTipo,
-                                    capo, riga == 1 ? 1 : 2, iniziata ? 1 : 0, QString(),
-                                    riga == 1 ? double(stanze.size()) : 0.0,
-                                    riga == 1 ? QString::fromLatin1(turismo[tra(0, 4)]) : QString(),
-                                    riga == 1 ? QString::fromLatin1(trasporti[tra(0, 4)]) : QString(), QString(), QString(),
-                                    QString(), QString(), QString(), QString(), QString()};
+                QVariantList valori { indice,
+                                      nroArrivo,
+                                      dataArchivio(arrivo),
+                                      dataArchivio(partenza),
+                                      persona.indice,
+                                      cam.numero,
+                                      riga == 1 ? 1 : 0,
+                                      trattamento,
+                                      0.0,
+                                      0.0,
+                                      riga,
+                                      tipo,
+                                      codiceTipo,
+                                      capo,
+                                      riga == 1 ? 1 : 2,
+                                      iniziata ? 1 : 0,
+                                      QString(),
+                                      riga == 1 ? double(stanze.size()) : 0.0,
+                                      riga == 1 ? QString::fromLatin1(turismo[tra(0, 4)]) : QString(),
+                                      riga == 1 ? QString::fromLatin1(trasporti[tra(0, 4)]) : QString(),
+                                      QString(),
+                                      QString(),
+                                      QString(),
+                                      QString(),
+                                      QString(),
+                                      QString(),
+                                      QString() };
                 for (const QString& c : copiati)
                     valori << persona.campi.value(c);
                 if (!inserisci(insOspite, valori))
@@ -593,8 +679,9 @@ EsitoDemo Generatore::genera()
     }
     if (!struttura() || !listini() || !anagrafiche() || !prenotazioni() || !transazione.commit()) {
         if (m_esito.errore.isEmpty())
-            m_esito.errore = QStringLiteral("Errore durante la scrittura dei dati dimostrativi: ") + m_archivio.ultimoErrore().text();
-        m_esito = EsitoDemo{false, 0, 0, 0, 0, m_esito.errore};
+            m_esito.errore = QStringLiteral("Errore durante la scrittura dei dati dimostrativi: ")
+                + m_archivio.ultimoErrore().text();
+        m_esito = EsitoDemo { false, 0, 0, 0, 0, m_esito.errore };
         return m_esito;
     }
     m_esito.ok = true;

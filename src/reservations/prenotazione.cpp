@@ -9,8 +9,8 @@ namespace tomvera {
 
 namespace {
 
-const QStringList campiDataOspite = {QStringLiteral("DataArrivo"), QStringLiteral("DataPartenza"),
-                                     QStringLiteral("DataDocumento"), QStringLiteral("DataNascita")};
+const QStringList campiDataOspite = { QStringLiteral("DataArrivo"), QStringLiteral("DataPartenza"),
+                                      QStringLiteral("DataDocumento"), QStringLiteral("DataNascita") };
 
 QVariant nulloSeVuoto(const QDate& d)
 {
@@ -49,24 +49,59 @@ bool OspitePrenotazione::Arrivato() const
 
 const QStringList& campiOspitePrenotazione()
 {
-    static const QStringList campi = {
-        QStringLiteral("NroArrivo"), QStringLiteral("DataArrivo"), QStringLiteral("CodiceAnagrafica"),
-        QStringLiteral("RagSociale"), QStringLiteral("Nome"), QStringLiteral("Cognome"), QStringLiteral("Indirizzo"),
-        QStringLiteral("Cap"), QStringLiteral("Comune"), QStringLiteral("Provincia"), QStringLiteral("Piva"),
-        QStringLiteral("CodiceFiscale"), QStringLiteral("Cellulare"), QStringLiteral("Telefono"), QStringLiteral("Fax"),
-        QStringLiteral("NoteCliente"), QStringLiteral("TipoDocumento"), QStringLiteral("NroDocumento"),
-        QStringLiteral("DataDocumento"), QStringLiteral("IndiceCliente"), QStringLiteral("NroCameraCliente"),
-        QStringLiteral("DataNascita"), QStringLiteral("LuogoNascita"), QStringLiteral("Cittadinanza"),
-        QStringLiteral("DataPartenza"), QStringLiteral("ClienteIntestatario"), QStringLiteral("TipoTrattamento"),
-        QStringLiteral("Nazione"), QStringLiteral("PrezzoTrattamento"), QStringLiteral("TotalePrezzoTrattamento"),
-        QStringLiteral("IndiceRiga"), QStringLiteral("TipoDiAlloggiato"), QStringLiteral("StatoDiNascita"),
-        QStringLiteral("LuogoDocumento"), QStringLiteral("ProvinciaDiNascita"), QStringLiteral("MaschioFemmina"),
-        QStringLiteral("Arrivato"), QStringLiteral("StatoInvioTelematico"), QStringLiteral("ResidenzaItaliana"),
-        QStringLiteral("ResidenzaEstera"), QStringLiteral("NascitaItalia"), QStringLiteral("NascitaEstero"),
-        QStringLiteral("DocumentoItalia"), QStringLiteral("DocumentoEstero"), QStringLiteral("CodiceTipoDiAlloggiato"),
-        QStringLiteral("CapoGruppoFamiglia"), QStringLiteral("OrdinamentoTipoAlloggiato"),
-        QStringLiteral("ResidenzaIstat"), QStringLiteral("Email"), QStringLiteral("Web"),
-        QStringLiteral("CamereOccupate"), QStringLiteral("TipoTurismo"), QStringLiteral("MezzoDiTrasporto")};
+    static const QStringList campi = { QStringLiteral("NroArrivo"),
+                                       QStringLiteral("DataArrivo"),
+                                       QStringLiteral("CodiceAnagrafica"),
+                                       QStringLiteral("RagSociale"),
+                                       QStringLiteral("Nome"),
+                                       QStringLiteral("Cognome"),
+                                       QStringLiteral("Indirizzo"),
+                                       QStringLiteral("Cap"),
+                                       QStringLiteral("Comune"),
+                                       QStringLiteral("Provincia"),
+                                       QStringLiteral("Piva"),
+                                       QStringLiteral("CodiceFiscale"),
+                                       QStringLiteral("Cellulare"),
+                                       QStringLiteral("Telefono"),
+                                       QStringLiteral("Fax"),
+                                       QStringLiteral("NoteCliente"),
+                                       QStringLiteral("TipoDocumento"),
+                                       QStringLiteral("NroDocumento"),
+                                       QStringLiteral("DataDocumento"),
+                                       QStringLiteral("IndiceCliente"),
+                                       QStringLiteral("NroCameraCliente"),
+                                       QStringLiteral("DataNascita"),
+                                       QStringLiteral("LuogoNascita"),
+                                       QStringLiteral("Cittadinanza"),
+                                       QStringLiteral("DataPartenza"),
+                                       QStringLiteral("ClienteIntestatario"),
+                                       QStringLiteral("TipoTrattamento"),
+                                       QStringLiteral("Nazione"),
+                                       QStringLiteral("PrezzoTrattamento"),
+                                       QStringLiteral("TotalePrezzoTrattamento"),
+                                       QStringLiteral("IndiceRiga"),
+                                       QStringLiteral("TipoDiAlloggiato"),
+                                       QStringLiteral("StatoDiNascita"),
+                                       QStringLiteral("LuogoDocumento"),
+                                       QStringLiteral("ProvinciaDiNascita"),
+                                       QStringLiteral("MaschioFemmina"),
+                                       QStringLiteral("Arrivato"),
+                                       QStringLiteral("StatoInvioTelematico"),
+                                       QStringLiteral("ResidenzaItaliana"),
+                                       QStringLiteral("ResidenzaEstera"),
+                                       QStringLiteral("NascitaItalia"),
+                                       QStringLiteral("NascitaEstero"),
+                                       QStringLiteral("DocumentoItalia"),
+                                       QStringLiteral("DocumentoEstero"),
+                                       QStringLiteral("CodiceTipoDiAlloggiato"),
+                                       QStringLiteral("CapoGruppoFamiglia"),
+                                       QStringLiteral("OrdinamentoTipoAlloggiato"),
+                                       QStringLiteral("ResidenzaIstat"),
+                                       QStringLiteral("Email"),
+                                       QStringLiteral("Web"),
+                                       QStringLiteral("CamereOccupate"),
+                                       QStringLiteral("TipoTurismo"),
+                                       QStringLiteral("MezzoDiTrasporto") };
     return campi;
 }
 
@@ -78,12 +113,12 @@ ArchivioPrenotazioni::ArchivioPrenotazioni(Archivio& archivio)
 bool ArchivioPrenotazioni::esiste(qint64 indice)
 {
     return indice > 0
-        && m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaPrenotazioni WHERE Indice = ?"), {indice});
+        && m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaPrenotazioni WHERE Indice = ?"), { indice });
 }
 
 std::optional<Prenotazione> ArchivioPrenotazioni::carica(qint64 indice)
 {
-    const auto r = m_archivio.riga(QStringLiteral("SELECT * FROM TabellaPrenotazioni WHERE Indice = ?"), {indice});
+    const auto r = m_archivio.riga(QStringLiteral("SELECT * FROM TabellaPrenotazioni WHERE Indice = ?"), { indice });
     if (!r)
         return std::nullopt;
     Prenotazione p;
@@ -116,9 +151,10 @@ std::optional<Prenotazione> ArchivioPrenotazioni::carica(qint64 indice)
 QList<RigaCamera> ArchivioPrenotazioni::caricaCamere(qint64 indice)
 {
     QList<RigaCamera> camere;
-    const auto righe = m_archivio.righe(QStringLiteral("SELECT * FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
-                                                       "AND Tipo = 'PrenotazioneCamera' ORDER BY IndiceRiga"),
-                                        {indice});
+    const auto righe
+        = m_archivio.righe(QStringLiteral("SELECT * FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
+                                          "AND Tipo = 'PrenotazioneCamera' ORDER BY IndiceRiga"),
+                           { indice });
     for (const QSqlRecord& r : righe) {
         RigaCamera c;
         c.IndiceRiga = r.value(QStringLiteral("IndiceRiga")).toInt();
@@ -139,9 +175,10 @@ QList<RigaCamera> ArchivioPrenotazioni::caricaCamere(qint64 indice)
 QList<RigaAccessorio> ArchivioPrenotazioni::caricaAccessori(qint64 indice)
 {
     QList<RigaAccessorio> accessori;
-    const auto righe = m_archivio.righe(QStringLiteral("SELECT * FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
-                                                       "AND Tipo = 'Accessori' ORDER BY IndiceRiga, Indice"),
-                                        {indice});
+    const auto righe
+        = m_archivio.righe(QStringLiteral("SELECT * FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
+                                          "AND Tipo = 'Accessori' ORDER BY IndiceRiga, Indice"),
+                           { indice });
     for (const QSqlRecord& r : righe) {
         RigaAccessorio a;
         a.IndiceRiga = r.value(QStringLiteral("IndiceRiga")).toInt();
@@ -161,9 +198,10 @@ QList<RigaAccessorio> ArchivioPrenotazioni::caricaAccessori(qint64 indice)
 QList<Acconto> ArchivioPrenotazioni::caricaAcconti(qint64 indice)
 {
     QList<Acconto> acconti;
-    const auto righe = m_archivio.righe(QStringLiteral("SELECT * FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
-                                                       "AND Tipo = 'Acconto' ORDER BY Data, Indice"),
-                                        {indice});
+    const auto righe
+        = m_archivio.righe(QStringLiteral("SELECT * FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
+                                          "AND Tipo = 'Acconto' ORDER BY Data, Indice"),
+                           { indice });
     for (const QSqlRecord& r : righe) {
         Acconto a;
         a.Indice = r.value(QStringLiteral("Indice")).toLongLong();
@@ -182,7 +220,7 @@ QList<OspitePrenotazione> ArchivioPrenotazioni::caricaOspiti(qint64 indice)
     const auto righe = m_archivio.righe(
         QStringLiteral("SELECT * FROM TabellaAnagraficheAssociatePrenotazioni WHERE IndicePrenotazioneAssociata = ? "
                        "ORDER BY IndiceRiga, Indice"),
-        {indice});
+        { indice });
     for (const QSqlRecord& r : righe) {
         OspitePrenotazione o;
         for (int i = 0; i < r.count(); ++i)
@@ -200,24 +238,24 @@ bool ArchivioPrenotazioni::salva(Prenotazione& p, bool multiAzienda)
     if (!transazione.attiva())
         return false;
 
-    const QVariantList intestazione = {p.NumeroPrenotazione,
-                                       nulloSeVuoto(p.DataPrenotazione),
-                                       p.NotePrenotazione,
-                                       p.ListinoCamere,
-                                       p.TotaleAcconto,
-                                       p.Totale,
-                                       p.Abbuono,
-                                       p.Stato,
-                                       p.TourOperator,
-                                       p.CodiceTourOperator,
-                                       p.Saldato ? 1 : 0,
-                                       nulloSeVuoto(p.RiferimentoData),
-                                       p.RiferimentoNumero,
-                                       p.RiferimentoDoc,
-                                       p.PrezziACamera ? 1 : 0,
-                                       p.PrezziAPersona ? 1 : 0,
-                                       p.PrenotazioneChiusa ? 1 : 0,
-                                       p.CodiceAzienda.left(50)};
+    const QVariantList intestazione = { p.NumeroPrenotazione,
+                                        nulloSeVuoto(p.DataPrenotazione),
+                                        p.NotePrenotazione,
+                                        p.ListinoCamere,
+                                        p.TotaleAcconto,
+                                        p.Totale,
+                                        p.Abbuono,
+                                        p.Stato,
+                                        p.TourOperator,
+                                        p.CodiceTourOperator,
+                                        p.Saldato ? 1 : 0,
+                                        nulloSeVuoto(p.RiferimentoData),
+                                        p.RiferimentoNumero,
+                                        p.RiferimentoDoc,
+                                        p.PrezziACamera ? 1 : 0,
+                                        p.PrezziAPersona ? 1 : 0,
+                                        p.PrenotazioneChiusa ? 1 : 0,
+                                        p.CodiceAzienda.left(50) };
     qint64 indice = p.Indice;
     if (esiste(indice)) {
         QVariantList parametri = intestazione;
@@ -232,11 +270,12 @@ bool ArchivioPrenotazioni::salva(Prenotazione& p, bool multiAzienda)
             return false;
     } else {
         if (!m_archivio.comando(
-                QStringLiteral("INSERT INTO TabellaPrenotazioni (NumeroPrenotazione, DataPrenotazione, NotePrenotazione, "
-                               "ListinoCamere, TotaleAcconto, Totale, Abbuono, Stato, TourOperator, CodiceTourOperator, "
-                               "Saldato, RiferimentoData, RiferimentoNumero, RiferimentoDoc, PrezziACamera, "
-                               "PrezziAPersona, PrenotazioneChiusa, CodiceAzienda) "
-                               "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                QStringLiteral(
+                    "INSERT INTO TabellaPrenotazioni (NumeroPrenotazione, DataPrenotazione, NotePrenotazione, "
+                    "ListinoCamere, TotaleAcconto, Totale, Abbuono, Stato, TourOperator, CodiceTourOperator, "
+                    "Saldato, RiferimentoData, RiferimentoNumero, RiferimentoDoc, PrezziACamera, "
+                    "PrezziAPersona, PrenotazioneChiusa, CodiceAzienda) "
+                    "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
                 intestazione))
             return false;
         indice = m_archivio.ultimoIndiceInserito();
@@ -244,35 +283,39 @@ bool ArchivioPrenotazioni::salva(Prenotazione& p, bool multiAzienda)
 
     m_archivio.comando(QStringLiteral("DELETE FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ? "
                                       "AND Tipo IN ('PrenotazioneCamera', 'Accessori')"),
-                       {indice});
+                       { indice });
     for (const RigaCamera& c : p.camere) {
-        m_archivio.comando(QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Listino, "
-                                          "PrenotazioneChiusa, IndiceRiga, NroCamera, CodiceTipologiaCamera, Dal, Al, "
-                                          "Avere, Iva, CheckInSky, CheckOutSky) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-                           {indice, tipomovimento::PrenotazioneCamera, c.Listino, p.PrenotazioneChiusa ? 1 : 0,
-                            c.IndiceRiga, c.NroCamera, c.CodiceTipologiaCamera, valoreData(c.Dal), valoreData(c.Al),
-                            c.Avere, c.Iva, c.CheckInSky, c.CheckOutSky});
+        m_archivio.comando(
+            QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Listino, "
+                           "PrenotazioneChiusa, IndiceRiga, NroCamera, CodiceTipologiaCamera, Dal, Al, "
+                           "Avere, Iva, CheckInSky, CheckOutSky) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+            { indice, tipomovimento::PrenotazioneCamera, c.Listino, p.PrenotazioneChiusa ? 1 : 0, c.IndiceRiga,
+              c.NroCamera, c.CodiceTipologiaCamera, valoreData(c.Dal), valoreData(c.Al), c.Avere, c.Iva, c.CheckInSky,
+              c.CheckOutSky });
     }
     for (const RigaAccessorio& a : p.accessori) {
-        m_archivio.comando(QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, IndiceRiga, "
-                                          "IndiceAccessorio, Data, TipoAccessorio, Descrizione, Qta, Avere, Iva, NroCamera) "
-                                          "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-                           {indice, tipomovimento::Accessori, a.IndiceRiga, a.IndiceAccessorio, valoreData(a.Data),
-                            a.TipoAccessorio, a.Descrizione, a.Qta, a.Avere, a.Iva, a.NroCamera});
+        m_archivio.comando(
+            QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, IndiceRiga, "
+                           "IndiceAccessorio, Data, TipoAccessorio, Descrizione, Qta, Avere, Iva, NroCamera) "
+                           "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+            { indice, tipomovimento::Accessori, a.IndiceRiga, a.IndiceAccessorio, valoreData(a.Data), a.TipoAccessorio,
+              a.Descrizione, a.Qta, a.Avere, a.Iva, a.NroCamera });
     }
 
-    m_archivio.comando(QStringLiteral("DELETE FROM TabellaAnagraficheAssociatePrenotazioni WHERE IndicePrenotazioneAssociata = ?"),
-                       {indice});
+    m_archivio.comando(
+        QStringLiteral("DELETE FROM TabellaAnagraficheAssociatePrenotazioni WHERE IndicePrenotazioneAssociata = ?"),
+        { indice });
     QStringList campi = campiOspitePrenotazione();
     if (multiAzienda)
         campi << QStringLiteral("CodiceAzienda");
     QString segnaposti = QStringLiteral("?");
     for (int i = 0; i < campi.size(); ++i)
         segnaposti += QStringLiteral(", ?");
-    const QString inserimento = QStringLiteral("INSERT INTO TabellaAnagraficheAssociatePrenotazioni (IndicePrenotazioneAssociata, ")
+    const QString inserimento
+        = QStringLiteral("INSERT INTO TabellaAnagraficheAssociatePrenotazioni (IndicePrenotazioneAssociata, ")
         + campi.join(QStringLiteral(", ")) + QStringLiteral(") VALUES (") + segnaposti + QLatin1Char(')');
     for (const OspitePrenotazione& o : p.ospiti) {
-        QVariantList valori{indice};
+        QVariantList valori { indice };
         for (const QString& c : campi) {
             QVariant v = o.valore(c);
             if (campiDataOspite.contains(c))
@@ -299,10 +342,12 @@ bool ArchivioPrenotazioni::elimina(qint64 indice)
     Transazione transazione(m_archivio);
     if (!transazione.attiva())
         return false;
-    m_archivio.comando(QStringLiteral("DELETE FROM TabellaPrenotazioni WHERE Indice = ?"), {indice});
-    m_archivio.comando(QStringLiteral("DELETE FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ?"), {indice});
-    m_archivio.comando(QStringLiteral("DELETE FROM TabellaAnagraficheAssociatePrenotazioni WHERE IndicePrenotazioneAssociata = ?"),
-                       {indice});
+    m_archivio.comando(QStringLiteral("DELETE FROM TabellaPrenotazioni WHERE Indice = ?"), { indice });
+    m_archivio.comando(QStringLiteral("DELETE FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ?"),
+                       { indice });
+    m_archivio.comando(
+        QStringLiteral("DELETE FROM TabellaAnagraficheAssociatePrenotazioni WHERE IndicePrenotazioneAssociata = ?"),
+        { indice });
     return transazione.commit();
 }
 
@@ -313,20 +358,20 @@ int ArchivioPrenotazioni::CalcolaNumeroPrenotazione(const QDate& oggi)
     const QVariant ultimo = m_archivio.valore(
         QStringLiteral("SELECT NumeroPrenotazione FROM TabellaPrenotazioni WHERE NumeroPrenotazione > 0 "
                        "AND DataPrenotazione >= ? AND DataPrenotazione < ? ORDER BY NumeroPrenotazione DESC LIMIT 1"),
-        {inizio, fine});
+        { inizio, fine });
     return ultimo.isValid() ? ultimo.toInt() + 1 : 1;
 }
 
 bool ArchivioPrenotazioni::numeroDisponibile(qint64 indice, int numero, const QDate& dataPrenotazione)
 {
     const QVariant memorizzato = m_archivio.valore(
-        QStringLiteral("SELECT NumeroPrenotazione FROM TabellaPrenotazioni WHERE Indice = ?"), {indice});
+        QStringLiteral("SELECT NumeroPrenotazione FROM TabellaPrenotazioni WHERE Indice = ?"), { indice });
     if (memorizzato.isValid() && memorizzato.toInt() == numero)
         return true;
     const int anno = dataPrenotazione.isValid() ? dataPrenotazione.year() : 0;
     return !m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaPrenotazioni WHERE NumeroPrenotazione = ? "
                                                  "AND DataPrenotazione >= ? AND DataPrenotazione < ?"),
-                                  {numero, dataArchivio(QDate(anno, 1, 1)), dataArchivio(QDate(anno + 1, 1, 1))});
+                                  { numero, dataArchivio(QDate(anno, 1, 1)), dataArchivio(QDate(anno + 1, 1, 1)) });
 }
 
 TotaliMovimenti ArchivioPrenotazioni::totali(qint64 indice)
@@ -334,7 +379,7 @@ TotaliMovimenti ArchivioPrenotazioni::totali(qint64 indice)
     TotaliMovimenti t;
     const auto r = m_archivio.riga(QStringLiteral("SELECT SUM(Dare) AS SommaDare, SUM(Avere) AS SommaAvere "
                                                   "FROM TabellaMovimenti WHERE IndicePrenotazioneAssociata = ?"),
-                                   {indice});
+                                   { indice });
     if (r) {
         t.SommaDare = r->value(0).toDouble();
         t.SommaAvere = r->value(1).toDouble();

@@ -6,7 +6,6 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVariantHash>
-
 #include <optional>
 
 namespace tomvera {

@@ -18,21 +18,22 @@ private slots:
 void TestArchivio::testiSenzaMaiuscoleEDimensioni()
 {
     test::ArchivioTemporaneo t(false);
-    schema::Tabella tab{QStringLiteral("Prova"),
-                        {schema::contatore(), schema::testo(QStringLiteral("Nome"), 5, false),
-                         schema::doppio(QStringLiteral("Importo"))},
-                        {schema::indice(QStringLiteral("SecondaryKey"), {QStringLiteral("Nome")}, true)},
-                        {}};
+    schema::Tabella tab { QStringLiteral("Prova"),
+                          { schema::contatore(), schema::testo(QStringLiteral("Nome"), 5, false),
+                            schema::doppio(QStringLiteral("Importo")) },
+                          { schema::indice(QStringLiteral("SecondaryKey"), { QStringLiteral("Nome") }, true) },
+                          {} };
     QVERIFY(schema::applicaTabella(t.archivio(), tab));
-    QVERIFY(t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES (?)"), {QStringLiteral("Rossi")}));
-    QVERIFY(t.archivio().esisteRiga(QStringLiteral("SELECT * FROM Prova WHERE Nome = ?"), {QStringLiteral("ROSSI")}));
+    QVERIFY(t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES (?)"), { QStringLiteral("Rossi") }));
+    QVERIFY(t.archivio().esisteRiga(QStringLiteral("SELECT * FROM Prova WHERE Nome = ?"), { QStringLiteral("ROSSI") }));
     // Too long, empty, and a duplicate differing only by case are all refused.
-    QVERIFY(!t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES (?)"), {QStringLiteral("Bianchi")}));
+    QVERIFY(
+        !t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES (?)"), { QStringLiteral("Bianchi") }));
     QVERIFY(!t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES ('')")));
     QVERIFY(!t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES ('rossi')")));
     QCOMPARE(t.archivio().valore(QStringLiteral("SELECT count(*) FROM Prova")).toInt(), 1);
     QVERIFY(schema::allargaCampoTesto(t.archivio(), QStringLiteral("Prova"), QStringLiteral("Nome"), 10));
-    QVERIFY(t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES (?)"), {QStringLiteral("Bianchi")}));
+    QVERIFY(t.archivio().comando(QStringLiteral("INSERT INTO Prova (Nome) VALUES (?)"), { QStringLiteral("Bianchi") }));
 }
 
 void TestArchivio::funzioniJet()

@@ -1,3 +1,4 @@
+#include "fotografie.h"
 #include "foundation/archivio.h"
 #include "foundation/avvio/avvio.h"
 #include "foundation/avvio/avvioselezioneutente.h"
@@ -10,7 +11,6 @@
 #include "foundation/ui/finestraavvio.h"
 #include "foundation/utenti.h"
 #include "interazionescriptata.h"
-#include "fotografie.h"
 #include "testmain.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 #include "archiviotemporaneo.h"
+#include "fotografie.h"
 #include "foundation/orologio.h"
 #include "foundation/sessione.h"
 #include "foundation/ui/fconfigurazioniwidget.h"
-#include "fotografie.h"
 #include "testmain.h"
 
 #include <QCheckBox>

@@ -1,10 +1,10 @@
 #include "archivioospiti.h"
+#include "fotografie.h"
 #include "foundation/orologio.h"
 #include "guests/archiviocodici.h"
 #include "guests/schedaanagrafica.h"
 #include "guests/ui/archiviocodiciwidget.h"
 #include "guests/ui/schedaanagraficawidget.h"
-#include "fotografie.h"
 #include "testmain.h"
 
 #include <QAbstractItemView>

@@ -1,10 +1,10 @@
 #include "archiviotemporaneo.h"
+#include "fotografie.h"
 #include "foundation/configurazione.h"
 #include "foundation/orologio.h"
 #include "foundation/sessione.h"
 #include "maintenance/schermobackup.h"
 #include "maintenance/ui/backupwidget.h"
-#include "fotografie.h"
 #include "testmain.h"
 
 #include <QDir>

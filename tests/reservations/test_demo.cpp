@@ -20,9 +20,11 @@ private slots:
 void TestDemo::codiceFiscaleCalcolato()
 {
     // Worked example of the tax code rules (surname, name, date, sex, municipality, check character).
-    QCOMPARE(codiceFiscale(QStringLiteral("Rossi"), QStringLiteral("Mario"), QDate(1980, 1, 1), false, QStringLiteral("H501")),
+    QCOMPARE(codiceFiscale(QStringLiteral("Rossi"), QStringLiteral("Mario"), QDate(1980, 1, 1), false,
+                           QStringLiteral("H501")),
              QStringLiteral("RSSMRA80A01H501U"));
-    QString f = codiceFiscale(QStringLiteral("D'Angelo"), QStringLiteral("Giulia"), QDate(1975, 12, 31), true, QStringLiteral("F205"));
+    QString f = codiceFiscale(QStringLiteral("D'Angelo"), QStringLiteral("Giulia"), QDate(1975, 12, 31), true,
+                              QStringLiteral("F205"));
     QCOMPARE(f.left(11), QStringLiteral("DNGGLI75T71"));
     QVERIFY(ControllaCodiceFiscale(f).isEmpty());
 }
@@ -47,8 +49,9 @@ void TestDemo::alberghettoCoerente()
     QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM TabellaPrenotazioni")).toInt(), esito.prenotazioni);
 
     // No room is booked twice for the same night by open reservations.
-    const auto camere = a.righe(QStringLiteral("SELECT IndicePrenotazioneAssociata, NroCamera, Dal, Al FROM TabellaMovimenti "
-                                               "WHERE Tipo = 'PrenotazioneCamera' AND PrenotazioneChiusa = 0"));
+    const auto camere
+        = a.righe(QStringLiteral("SELECT IndicePrenotazioneAssociata, NroCamera, Dal, Al FROM TabellaMovimenti "
+                                 "WHERE Tipo = 'PrenotazioneCamera' AND PrenotazioneChiusa = 0"));
     for (const QSqlRecord& r : camere) {
         QVERIFY2(!CameraOccupataNelPeriodo(a, r.value(0).toLongLong(), r.value(1).toString(),
                                            QDate::fromString(r.value(2).toString(), Qt::ISODate),
@@ -57,24 +60,37 @@ void TestDemo::alberghettoCoerente()
     }
     // Numbers are unique within a year, arrival numbers too.
     QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM (SELECT NumeroPrenotazione, substr(DataPrenotazione, 1, 4) "
-                                     "FROM TabellaPrenotazioni GROUP BY 1, 2 HAVING count(*) > 1)")).toInt(), 0);
-    QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM (SELECT NroArrivo, substr(DataArrivo, 1, 4) FROM "
-                                     "TabellaAnagraficheAssociatePrenotazioni WHERE NroArrivo > 0 GROUP BY 1, 2 HAVING count(*) > 1)")).toInt(), 0);
+                                     "FROM TabellaPrenotazioni GROUP BY 1, 2 HAVING count(*) > 1)"))
+                 .toInt(),
+             0);
+    QCOMPARE(
+        a.valore(QStringLiteral(
+                     "SELECT count(*) FROM (SELECT NroArrivo, substr(DataArrivo, 1, 4) FROM "
+                     "TabellaAnagraficheAssociatePrenotazioni WHERE NroArrivo > 0 GROUP BY 1, 2 HAVING count(*) > 1)"))
+            .toInt(),
+        0);
     // Every member has a head with the same arrival date in the same reservation.
-    QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM TabellaAnagraficheAssociatePrenotazioni m WHERE m.TipoDiAlloggiato IN "
-                                     "('FAMILIARE', 'MEMBRO GRUPPO') AND NOT EXISTS (SELECT 1 FROM "
-                                     "TabellaAnagraficheAssociatePrenotazioni c WHERE c.IndicePrenotazioneAssociata = "
-                                     "m.IndicePrenotazioneAssociata AND c.DataArrivo = m.DataArrivo AND c.TipoDiAlloggiato IN "
-                                     "('CAPOFAMIGLIA', 'CAPOGRUPPO') AND c.RagSociale = m.CapoGruppoFamiglia)")).toInt(), 0);
+    QCOMPARE(a.valore(QStringLiteral(
+                          "SELECT count(*) FROM TabellaAnagraficheAssociatePrenotazioni m WHERE m.TipoDiAlloggiato IN "
+                          "('FAMILIARE', 'MEMBRO GRUPPO') AND NOT EXISTS (SELECT 1 FROM "
+                          "TabellaAnagraficheAssociatePrenotazioni c WHERE c.IndicePrenotazioneAssociata = "
+                          "m.IndicePrenotazioneAssociata AND c.DataArrivo = m.DataArrivo AND c.TipoDiAlloggiato IN "
+                          "('CAPOFAMIGLIA', 'CAPOGRUPPO') AND c.RagSociale = m.CapoGruppoFamiglia)"))
+                 .toInt(),
+             0);
     // Every Italian guest card carries a tax code that passes the check.
-    const auto codici = a.righe(QStringLiteral("SELECT CodiceFiscale FROM TabellaAnagrafiche WHERE Nazione = 'ITALIA'"));
+    const auto codici
+        = a.righe(QStringLiteral("SELECT CodiceFiscale FROM TabellaAnagrafiche WHERE Nazione = 'ITALIA'"));
     QVERIFY(!codici.isEmpty());
     for (const QSqlRecord& r : codici) {
         QString codice = r.value(0).toString();
         QVERIFY2(ControllaCodiceFiscale(codice).isEmpty(), qPrintable(codice));
     }
     // Guests arrived only for stays begun by "today".
-    QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM TabellaAnagraficheAssociatePrenotazioni WHERE Arrivato = 1 AND DataArrivo > '2026-08-10'")).toInt(), 0);
+    QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM TabellaAnagraficheAssociatePrenotazioni WHERE Arrivato = 1 "
+                                     "AND DataArrivo > '2026-08-10'"))
+                 .toInt(),
+             0);
 }
 
 TOMVERA_TEST(TestDemo)

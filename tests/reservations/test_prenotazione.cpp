@@ -14,22 +14,34 @@ Prenotazione famiglia(int numero, const QDate& data)
     p.NumeroPrenotazione = numero;
     p.DataPrenotazione = data;
     p.Stato = QStringLiteral("Confermata");
-    p.camere = {RigaCamera{1, QStringLiteral("101"), QStringLiteral("DBL"), QDate(2026, 6, 10), QDate(2026, 6, 15), 500, 10, {}, 0, 0},
-                RigaCamera{2, QStringLiteral("102"), QStringLiteral("SGL"), QDate(2026, 6, 10), QDate(2026, 6, 12), 120, 10, {}, 0, 0}};
+    p.camere = {
+        RigaCamera { 1,
+                     QStringLiteral("101"),
+                     QStringLiteral("DBL"),
+                     QDate(2026, 6, 10),
+                     QDate(2026, 6, 15),
+                     500,
+                     10,
+                     {},
+                     0,
+                     0 },
+        RigaCamera {
+            2, QStringLiteral("102"), QStringLiteral("SGL"), QDate(2026, 6, 10), QDate(2026, 6, 12), 120, 10, {}, 0, 0 }
+    };
     RigaAccessorio bibite;
     bibite.IndiceRiga = 1;
     bibite.Descrizione = QStringLiteral("Bibite");
     bibite.Qta = 2;
     bibite.Avere = 6;
     bibite.Data = QDate(2026, 6, 11);
-    p.accessori = {bibite};
+    p.accessori = { bibite };
     OspitePrenotazione capo;
     capo.imposta(QStringLiteral("RagSociale"), QStringLiteral("Rossi Mario"));
     capo.imposta(QStringLiteral("NroCameraCliente"), QStringLiteral("101"));
     capo.imposta(QStringLiteral("NroArrivo"), 3);
     capo.imposta(QStringLiteral("DataNascita"), QStringLiteral("01/02/1970"));
     capo.imposta(QStringLiteral("Email"), QString(250, QLatin1Char('m')));
-    p.ospiti = {capo};
+    p.ospiti = { capo };
     return p;
 }
 
@@ -74,15 +86,20 @@ void TestArchivioPrenotazioni::riscritturaLasciaGliAcconti()
     ArchivioPrenotazioni archivio(t.archivio());
     Prenotazione p = famiglia(1, QDate(2026, 5, 2));
     QVERIFY(archivio.salva(p));
-    QVERIFY(t.archivio().comando(QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Dare, Data) "
-                                                "VALUES (?, 'Acconto', 100, '2026-05-02')"),
-                                 {p.Indice}));
+    QVERIFY(t.archivio().comando(
+        QStringLiteral("INSERT INTO TabellaMovimenti (IndicePrenotazioneAssociata, Tipo, Dare, Data) "
+                       "VALUES (?, 'Acconto', 100, '2026-05-02')"),
+        { p.Indice }));
     p.camere.removeLast();
     p.PrenotazioneChiusa = true;
     QVERIFY(archivio.salva(p));
     QCOMPARE(archivio.caricaCamere(p.Indice).size(), 1);
     QCOMPARE(archivio.caricaAcconti(p.Indice).size(), 1);
-    QCOMPARE(t.archivio().valore(QStringLiteral("SELECT PrenotazioneChiusa FROM TabellaMovimenti WHERE Tipo = 'PrenotazioneCamera'")).toInt(), 1);
+    QCOMPARE(
+        t.archivio()
+            .valore(QStringLiteral("SELECT PrenotazioneChiusa FROM TabellaMovimenti WHERE Tipo = 'PrenotazioneCamera'"))
+            .toInt(),
+        1);
     QCOMPARE(archivio.totali(p.Indice).SommaDare, 100.0);
 }
 
@@ -109,7 +126,8 @@ void TestArchivioPrenotazioni::salvataggioFallitoNonToccaNulla()
     QVERIFY(archivio.salva(p));
     const auto prima = archivio.carica(p.Indice);
     // A room number too long for its field fails in the middle of the rewrite.
-    p.camere.append(RigaCamera{3, QString(60, QLatin1Char('9')), {}, QDate(2026, 7, 1), QDate(2026, 7, 2), 1, 10, {}, 0, 0});
+    p.camere.append(
+        RigaCamera { 3, QString(60, QLatin1Char('9')), {}, QDate(2026, 7, 1), QDate(2026, 7, 2), 1, 10, {}, 0, 0 });
     p.Stato = QStringLiteral("Cambiata");
     QVERIFY(!archivio.salva(p));
     const auto dopo = archivio.carica(p.Indice);

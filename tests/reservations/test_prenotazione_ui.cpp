@@ -1,10 +1,10 @@
 #include "costruttori.h"
+#include "fotografie.h"
 #include "reservations/acconti.h"
 #include "reservations/ui/accontiwidget.h"
 #include "reservations/ui/collegamentoprenotazioni.h"
 #include "reservations/ui/prenotazionewidget.h"
 #include "rooms/tabellone.h"
-#include "fotografie.h"
 #include "testmain.h"
 
 #include <QApplication>

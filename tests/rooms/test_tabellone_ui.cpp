@@ -1,4 +1,5 @@
 #include "bancotabellone.h"
+#include "fotografie.h"
 #include "foundation/avvio/avvio.h"
 #include "foundation/ui/finestraavvio.h"
 #include "rooms/tabellone.h"
@@ -7,7 +8,6 @@
 #include "rooms/ui/strisciagiorni.h"
 #include "rooms/ui/tabelloneavvio.h"
 #include "rooms/ui/vistatabellone.h"
-#include "fotografie.h"
 #include "testmain.h"
 
 #include <QAction>

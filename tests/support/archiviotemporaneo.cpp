@@ -10,7 +10,7 @@ ArchivioTemporaneo::ArchivioTemporaneo(bool crea, const QString& nomeFile)
     : m_percorso(QDir(m_cartella.path()).filePath(nomeFile))
     , m_errori(&m_interazione)
 {
-    m_errori.setPausa([](double) { });
+    m_errori.setPausa([](double) {});
     if (crea) {
         CreazioneDB::Percorsi percorsi;
         percorsi.archivio = m_percorso;

@@ -5,7 +5,6 @@
 #include "interazionescriptata.h"
 
 #include <QTemporaryDir>
-
 #include <memory>
 
 namespace tomvera::test {

@@ -4,7 +4,6 @@
 
 #include <QStringList>
 #include <QVariant>
-
 #include <deque>
 
 namespace tomvera::test {
@@ -14,7 +13,14 @@ namespace tomvera::test {
 class InterazioneScriptata : public Interazione
 {
 public:
-    enum class Tipo { SiNo, OkAnnulla, Input, File, Cartella };
+    enum class Tipo
+    {
+        SiNo,
+        OkAnnulla,
+        Input,
+        File,
+        Cartella
+    };
 
     struct Risposta
     {
@@ -24,17 +30,17 @@ public:
     };
 
     // Script helpers.
-    void rispondiSi(const QString& contiene = {}) { m_risposte.push_back({Tipo::SiNo, true, contiene}); }
-    void rispondiNo(const QString& contiene = {}) { m_risposte.push_back({Tipo::SiNo, false, contiene}); }
-    void rispondiOk(const QString& contiene = {}) { m_risposte.push_back({Tipo::OkAnnulla, true, contiene}); }
-    void rispondiAnnulla(const QString& contiene = {}) { m_risposte.push_back({Tipo::OkAnnulla, false, contiene}); }
+    void rispondiSi(const QString& contiene = {}) { m_risposte.push_back({ Tipo::SiNo, true, contiene }); }
+    void rispondiNo(const QString& contiene = {}) { m_risposte.push_back({ Tipo::SiNo, false, contiene }); }
+    void rispondiOk(const QString& contiene = {}) { m_risposte.push_back({ Tipo::OkAnnulla, true, contiene }); }
+    void rispondiAnnulla(const QString& contiene = {}) { m_risposte.push_back({ Tipo::OkAnnulla, false, contiene }); }
     void rispondiInput(const QString& testo, const QString& contiene = {})
     {
-        m_risposte.push_back({Tipo::Input, testo, contiene});
+        m_risposte.push_back({ Tipo::Input, testo, contiene });
     }
-    void annullaInput(const QString& contiene = {}) { m_risposte.push_back({Tipo::Input, QVariant(), contiene}); }
-    void rispondiFile(const QString& percorso) { m_risposte.push_back({Tipo::File, percorso, {}}); }
-    void rispondiCartella(const QString& percorso) { m_risposte.push_back({Tipo::Cartella, percorso, {}}); }
+    void annullaInput(const QString& contiene = {}) { m_risposte.push_back({ Tipo::Input, QVariant(), contiene }); }
+    void rispondiFile(const QString& percorso) { m_risposte.push_back({ Tipo::File, percorso, {} }); }
+    void rispondiCartella(const QString& percorso) { m_risposte.push_back({ Tipo::Cartella, percorso, {} }); }
 
     // Every text shown, in order: messages, questions, inputs and notices alike.
     const QStringList& testi() const { return m_testi; }

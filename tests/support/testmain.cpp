@@ -42,7 +42,7 @@ int main(int argc, char** argv)
     int fallimenti = 0;
     for (const QString& nome : classi) {
         auto oggetto = registro.value(nome)();
-        QStringList args{programma};
+        QStringList args { programma };
         args << argomenti;
         fallimenti += QTest::qExec(oggetto.get(), args);
     }

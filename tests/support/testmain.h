@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-
 #include <functional>
 #include <memory>
 
@@ -17,7 +16,6 @@ struct Registrazione
 } // namespace tomvera::test
 
 // Registers a QTest class of this executable; each one is run as its own CTest test.
-#define TOMVERA_TEST(Classe)                                                                                          \
-    static const tomvera::test::Registrazione registrazione_##Classe(#Classe, [] {                                     \
-        return std::unique_ptr<QObject>(new Classe);                                                                   \
-    });
+#define TOMVERA_TEST(Classe)                                                                                           \
+    static const tomvera::test::Registrazione registrazione_##Classe(                                                  \
+        #Classe, [] { return std::unique_ptr<QObject>(new Classe); });

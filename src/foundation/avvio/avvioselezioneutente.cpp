@@ -58,8 +58,9 @@ void AvvioSelezioneUtente::Form_Load()
 {
     // Parsing never depends on the machine's locale here, so there are no regional settings to repair.
     m_sessione.PercorsoProgramma = piattaforma::cartellaProgramma();
-    m_sessione.PercorsoArchivioCodici = QDir(cartellaDati().isEmpty() ? QCoreApplication::applicationDirPath() : cartellaDati())
-                                            .filePath(QStringLiteral("ArchivioCodici.mdb"));
+    m_sessione.PercorsoArchivioCodici
+        = QDir(cartellaDati().isEmpty() ? QCoreApplication::applicationDirPath() : cartellaDati())
+              .filePath(QStringLiteral("ArchivioCodici.mdb"));
     QDir().mkpath(m_sessione.PercorsoProgramma);
     QDir::setCurrent(m_sessione.PercorsoProgramma);
     Titolo = NomeProdotto() + QStringLiteral(" ver. ") + VersioneProgramma();

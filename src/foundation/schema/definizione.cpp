@@ -30,16 +30,46 @@ QString nomeIndice(const QString& tabella, const QString& indice)
 
 } // namespace
 
-Campo contatore(const QString& nome) { return campo(nome, Tipo::Contatore); }
-Campo lungo(const QString& nome) { return campo(nome, Tipo::Long); }
-Campo intero(const QString& nome) { return campo(nome, Tipo::Intero); }
-Campo byte(const QString& nome) { return campo(nome, Tipo::Byte); }
-Campo booleano(const QString& nome) { return campo(nome, Tipo::Booleano); }
-Campo doppio(const QString& nome) { return campo(nome, Tipo::Double); }
-Campo singolo(const QString& nome) { return campo(nome, Tipo::Single); }
-Campo valuta(const QString& nome) { return campo(nome, Tipo::Valuta); }
-Campo dataOra(const QString& nome) { return campo(nome, Tipo::DataOra); }
-Campo binario(const QString& nome) { return campo(nome, Tipo::Binario); }
+Campo contatore(const QString& nome)
+{
+    return campo(nome, Tipo::Contatore);
+}
+Campo lungo(const QString& nome)
+{
+    return campo(nome, Tipo::Long);
+}
+Campo intero(const QString& nome)
+{
+    return campo(nome, Tipo::Intero);
+}
+Campo byte(const QString& nome)
+{
+    return campo(nome, Tipo::Byte);
+}
+Campo booleano(const QString& nome)
+{
+    return campo(nome, Tipo::Booleano);
+}
+Campo doppio(const QString& nome)
+{
+    return campo(nome, Tipo::Double);
+}
+Campo singolo(const QString& nome)
+{
+    return campo(nome, Tipo::Single);
+}
+Campo valuta(const QString& nome)
+{
+    return campo(nome, Tipo::Valuta);
+}
+Campo dataOra(const QString& nome)
+{
+    return campo(nome, Tipo::DataOra);
+}
+Campo binario(const QString& nome)
+{
+    return campo(nome, Tipo::Binario);
+}
 
 Campo testo(const QString& nome, int dimensione, bool zeroAmmessa, bool richiesto)
 {
@@ -59,7 +89,7 @@ Campo memo(const QString& nome, bool zeroAmmessa)
 
 Indice indice(const QString& nome, const QStringList& campi, bool unico, bool primario)
 {
-    return Indice{nome, campi, unico || primario, primario};
+    return Indice { nome, campi, unico || primario, primario };
 }
 
 QString definizioneColonna(const Campo& c)
@@ -174,9 +204,9 @@ bool allargaCampoTesto(Archivio& archivio, const QString& tabella, const QString
         return false;
     const QString sql = query.value(0).toString();
     query.finish();
-    const QRegularExpression limite(QStringLiteral("CHECK \\(length\\(\"%1\"\\) <= (\\d+)\\)")
-                                        .arg(QRegularExpression::escape(campo)),
-                                    QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpression limite(
+        QStringLiteral("CHECK \\(length\\(\"%1\"\\) <= (\\d+)\\)").arg(QRegularExpression::escape(campo)),
+        QRegularExpression::CaseInsensitiveOption);
     const auto trovato = limite.match(sql);
     if (!trovato.hasMatch())
         return false;
@@ -196,7 +226,8 @@ bool allargaCampoTesto(Archivio& archivio, const QString& tabella, const QString
         return v.exec(QStringLiteral("PRAGMA schema_version")) && v.next() ? v.value(0).toInt() : 0;
     }();
     bool ok = modifica.exec(QStringLiteral("PRAGMA writable_schema = ON"));
-    modifica.prepare(QStringLiteral("UPDATE sqlite_master SET sql = ? WHERE type = 'table' AND name = ? COLLATE NOCASE"));
+    modifica.prepare(
+        QStringLiteral("UPDATE sqlite_master SET sql = ? WHERE type = 'table' AND name = ? COLLATE NOCASE"));
     modifica.addBindValue(nuovo);
     modifica.addBindValue(tabella);
     ok = ok && modifica.exec();

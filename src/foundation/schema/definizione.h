@@ -3,7 +3,6 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
-
 #include <functional>
 
 namespace tomvera {
@@ -16,7 +15,21 @@ namespace schema {
 // Contatore -> INTEGER PRIMARY KEY AUTOINCREMENT; Long, Intero, Byte, Booleano -> INTEGER (flags 0/1);
 // Double, Single, Valuta -> REAL; DataOra -> TEXT (yyyy-MM-dd, yyyy-MM-dd HH:mm:ss or HH:mm:ss);
 // Testo, Memo -> TEXT COLLATE NOCASE; Binario -> BLOB.
-enum class Tipo { Contatore, Long, Intero, Byte, Booleano, Double, Single, Valuta, DataOra, Testo, Memo, Binario };
+enum class Tipo
+{
+    Contatore,
+    Long,
+    Intero,
+    Byte,
+    Booleano,
+    Double,
+    Single,
+    Valuta,
+    DataOra,
+    Testo,
+    Memo,
+    Binario
+};
 
 struct Campo
 {
