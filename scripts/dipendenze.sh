@@ -4,7 +4,7 @@ set -euo pipefail
 
 pacchetti=(
   cmake ninja-build g++ ccache pkg-config
-  qt6-base-dev libqt6sql6-sqlite qt6-serialport-dev qt6-charts-dev qt6-svg-dev libgl-dev
+  qt6-base-dev libqt6sql6-sqlite libqt6opengl6-dev qt6-serialport-dev qt6-charts-dev qt6-svg-dev libgl-dev
   libsqlite3-dev libfreexl-dev libbenchmark-dev
 )
 
