@@ -512,6 +512,24 @@ QStringList SchedaPrenotazione::sceltaTipologie()
                                   "GROUP BY CodiceTipologia ORDER BY CodiceTipologia"));
 }
 
+QStringList SchedaPrenotazione::sceltaTourOperator()
+{
+    return colonna(m_archivio,
+                   QStringLiteral("SELECT RagSociale FROM TabellaTourOperator WHERE RagSociale <> '' "
+                                  "GROUP BY RagSociale ORDER BY RagSociale"));
+}
+
+void SchedaPrenotazione::TourOperator_Click(const QString& ragioneSociale)
+{
+    TourOperator = ragioneSociale;
+    const QVariant codice = m_archivio.valore(
+        QStringLiteral("SELECT Codice FROM TabellaTourOperator WHERE RagSociale = ? ORDER BY Indice LIMIT 1"),
+        { ragioneSociale });
+    if (codice.isValid())
+        CodiceTourOperator = codice.toString();
+    m_modificato = true;
+}
+
 QStringList SchedaPrenotazione::sceltaCamere()
 {
     QStringList camere;

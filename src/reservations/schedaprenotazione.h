@@ -119,6 +119,9 @@ public:
     QStringList sceltaListiniCamere();
     QStringList sceltaListiniTrattamenti();
     QStringList sceltaTipologie();
+    QStringList sceltaTourOperator();
+    // A tour operator chosen by name: its code comes along.
+    void TourOperator_Click(const QString& ragioneSociale);
     QStringList sceltaCamere(); // CaricaComboCamereAssociate: the rooms of the list
 
     // Guests (the tab "DATI CLIENTI").

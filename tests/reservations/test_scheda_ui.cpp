@@ -496,6 +496,8 @@ void TestCamerePrenotazioneUi::testiCheNonSonoNumeriODate()
     // Inputs carry the size of their stored field.
     QCOMPARE(trova<QLineEdit>(*w, "NC")->maxLength(), 50);
     QCOMPARE(trova<QComboBox>(*w, "Stato")->lineEdit()->maxLength(), 50);
+    QCOMPARE(trova<QComboBox>(*w, "TourOperator")->lineEdit()->maxLength(), 250);
+    QCOMPARE(trova<QLineEdit>(*w, "CodiceTourOperator")->maxLength(), 50);
     QCOMPARE(trova<QComboBox>(*w, "CodiceTipologia")->lineEdit()->maxLength(), 50);
     QCOMPARE(trova<QComboBox>(*w, "Descrizione")->lineEdit()->maxLength(), 250);
     QCOMPARE(trova<QComboBox>(*w, "Tipo")->lineEdit()->maxLength(), 250);
@@ -684,6 +686,14 @@ void TestCampiPrenotazioneUi::ogniCampoFaIlGiroCompleto()
     emit listino->textActivated(QStringLiteral("Inverno"));
     trova<QPlainTextEdit>(*w, "NotePrenotazione")->setPlainText(QStringLiteral("Culla in camera\nArrivo alle 22"));
     digita(trova<QLineEdit>(*w, "CodiceAzienda"), QStringLiteral("HOTEL2"));
+    b.archivio().comando(
+        QStringLiteral("INSERT INTO TabellaTourOperator (Codice, RagSociale) VALUES ('ALP', 'Alpitour Viaggi')"));
+    auto* tourOperator = trova<QComboBox>(*w, "TourOperator");
+    tourOperator->showPopup();
+    tourOperator->hidePopup();
+    tourOperator->setCurrentIndex(tourOperator->findText(QStringLiteral("Alpitour Viaggi")));
+    emit tourOperator->textActivated(QStringLiteral("Alpitour Viaggi"));
+    QCOMPARE(trova<QLineEdit>(*w, "CodiceTourOperator")->text(), QStringLiteral("ALP"));
 
     digita(trova<QLineEdit>(*w, "NC"), QStringLiteral("102"));
     digita(trova<QLineEdit>(*w, "Arrivo"), QStringLiteral("10/08/2026"));
@@ -724,6 +734,9 @@ void TestCampiPrenotazioneUi::ogniCampoFaIlGiroCompleto()
     QCOMPARE(trova<QPlainTextEdit>(*x, "NotePrenotazione")->toPlainText(),
              QStringLiteral("Culla in camera\nArrivo alle 22"));
     QCOMPARE(trova<QLineEdit>(*x, "CodiceAzienda")->text(), QStringLiteral("HOTEL2"));
+    QCOMPARE(trova<QComboBox>(*x, "TourOperator")->currentText(), QStringLiteral("Alpitour Viaggi"));
+    QCOMPARE(trova<QLineEdit>(*x, "CodiceTourOperator")->text(), QStringLiteral("ALP"));
+    QVERIFY(!trova<QLabel>(*x, "RiferimentoDocumento")->isVisible());
     QCOMPARE(trova<QLineEdit>(*x, "Abbuono")->text(), QStringLiteral("10,50"));
     auto* camere = trova<QTableWidget>(*x, "GrigliaCamerePrenotate");
     QCOMPARE(camere->rowCount(), 1);

@@ -91,6 +91,14 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
         QStringLiteral("ListinoTrattamenti"), [this] { return m_logica->sceltaListiniTrattamenti(); }, testa);
     m_listinoTrattamenti->setMinimumWidth(140);
     m_codiceAzienda = campo(QStringLiteral("CodiceAzienda"), testa, 120);
+    m_tourOperator = new aiuti::SceltaPigra(
+        QStringLiteral("TourOperator"), [this] { return m_logica->sceltaTourOperator(); }, testa);
+    m_tourOperator->setEditable(true);
+    m_tourOperator->setMinimumWidth(220);
+    m_codiceTourOperator = campo(QStringLiteral("CodiceTourOperator"), testa, 120);
+    // The document made from the reservation, written by the documents: shown, not typed.
+    m_riferimento = new QLabel(testa);
+    m_riferimento->setObjectName(QStringLiteral("RiferimentoDocumento"));
     gt->addWidget(new QLabel(QStringLiteral("N° Prenotazione"), testa), 0, 0);
     gt->addWidget(m_numero, 0, 1);
     gt->addWidget(new QLabel(QStringLiteral("Data"), testa), 0, 2);
@@ -104,6 +112,11 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     gt->addWidget(m_aPersona, 1, 4);
     gt->addWidget(m_listinoTrattamenti, 1, 5);
     gt->addWidget(m_codiceAzienda, 1, 6);
+    gt->addWidget(new QLabel(QStringLiteral("Tour Operator"), testa), 2, 0);
+    gt->addWidget(m_tourOperator, 2, 1, 1, 3);
+    gt->addWidget(new QLabel(QStringLiteral("Cod. T.O."), testa), 2, 4);
+    gt->addWidget(m_codiceTourOperator, 2, 5);
+    gt->addWidget(m_riferimento, 2, 6, 1, 2);
     gt->setColumnStretch(8, 1);
     principale->addWidget(testa);
 
@@ -201,6 +214,15 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     const schema::Tabella prenotazioni = schema::TabellaPrenotazioni();
     limita(m_stato->lineEdit(), prenotazioni, "Stato");
     limita(m_codiceAzienda, prenotazioni, "CodiceAzienda");
+    limita(m_tourOperator->lineEdit(), prenotazioni, "TourOperator");
+    limita(m_codiceTourOperator, prenotazioni, "CodiceTourOperator");
+    connect(m_tourOperator, &QComboBox::textActivated, this,
+            [this](const QString& t) { comando([this, t] { m_logica->TourOperator_Click(t); }); });
+    connect(m_tourOperator, &QComboBox::editTextChanged, this, [this] {
+        if (!m_aggiornando)
+            m_logica->segnaModificato();
+    });
+    connect(m_codiceTourOperator, &QLineEdit::textEdited, this, [this] { m_logica->segnaModificato(); });
     connect(m_stato, &QComboBox::editTextChanged, this, [this] {
         if (!m_aggiornando)
             m_logica->segnaModificato();
@@ -451,6 +473,8 @@ void PrenotazioneWidget::leggi()
         l.segnaModificato();
     l.NotePrenotazione = m_note->toPlainText();
     l.CodiceAzienda = m_codiceAzienda->text();
+    l.TourOperator = m_tourOperator->currentText();
+    l.CodiceTourOperator = m_codiceTourOperator->text();
     l.NC = m_nc->text();
     l.CodiceTipologia = m_codiceTipologia->currentText();
     l.Arrivo = m_arrivo->text();
@@ -492,6 +516,14 @@ void PrenotazioneWidget::aggiornaIntestazione()
     m_stampaNote->setChecked(l.StampaNote);
     m_note->setPlainText(l.NotePrenotazione);
     m_codiceAzienda->setText(l.CodiceAzienda);
+    m_tourOperator->imposta(l.TourOperator);
+    m_codiceTourOperator->setText(l.CodiceTourOperator);
+    const bool documento = !l.RiferimentoDoc.isEmpty() || !l.RiferimentoNumero.isEmpty();
+    m_riferimento->setText(
+        documento ? l.RiferimentoDoc + QStringLiteral(" N° ") + l.RiferimentoNumero
+                + (l.RiferimentoData.isEmpty() ? QString() : QStringLiteral(" del ") + l.RiferimentoData)
+                  : QString());
+    m_riferimento->setVisible(documento);
     m_totaleAcconto->setText(QStringLiteral("Acconti: ") + l.TotaleAcconto);
     m_totale->setText(QStringLiteral("Totale: ") + l.Totale);
     m_acconti->setEnabled(m_logica->SettaPermessiUtente().Command6 && l.Indice > 0);

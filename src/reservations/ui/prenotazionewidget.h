@@ -77,7 +77,9 @@ private:
 
     // Header.
     QLineEdit *m_numero, *m_data, *m_codiceAzienda;
-    aiuti::SceltaPigra *m_stato, *m_listinoCamere, *m_listinoTrattamenti;
+    aiuti::SceltaPigra *m_stato, *m_listinoCamere, *m_listinoTrattamenti, *m_tourOperator;
+    QLineEdit* m_codiceTourOperator;
+    QLabel* m_riferimento;
     QCheckBox *m_saldato, *m_chiusa;
     QRadioButton *m_aCamera, *m_aPersona;
     QPlainTextEdit* m_note;
