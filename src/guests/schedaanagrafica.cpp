@@ -134,7 +134,8 @@ bool SchedaAnagrafica::Registra_Click()
     if (rifiutaSoloLettura())
         return false;
     Anagrafica& d = m_dati;
-    // What the save fills in goes back when nothing was written: no code shows as if saved.
+    // A text the archive cannot hold, or a write that failed, takes back what the save filled in: no code shows
+    // as if saved. The screen's own refusals leave the proposal, as the desk knows it.
     const QString codiceDigitato = d.CodiceAnagrafica;
     const QString nomeDigitato = d.RagSociale;
     const auto annulla = [&] {
@@ -150,7 +151,7 @@ bool SchedaAnagrafica::Registra_Click()
     }
     if (d.RagSociale.isEmpty() && d.Cognome.isEmpty() && d.Nome.isEmpty()) {
         m_interazione.messaggio(QStringLiteral("Valorizzare i campi obbligatori"));
-        return annulla();
+        return false;
     }
     if (d.RagSociale.isEmpty())
         d.RagSociale = d.Cognome + QLatin1Char(' ') + d.Nome;
@@ -161,7 +162,7 @@ bool SchedaAnagrafica::Registra_Click()
                                          { d.RagSociale });
     if (omonimo && omonimo->value(0).toLongLong() != d.Indice) {
         m_interazione.messaggio(QStringLiteral("La Ragione Sociale è già utilizzata"));
-        return annulla();
+        return false;
     }
     if (!d.CodiceFiscale.isEmpty()) {
         const QString esito = ControllaCodiceFiscale(d.CodiceFiscale);
@@ -172,7 +173,7 @@ bool SchedaAnagrafica::Registra_Click()
         && m_archivio.esisteRiga(QStringLiteral("SELECT 1 FROM TabellaAnagrafiche WHERE Indice = ?"), { d.Indice })) {
         if (!m_interazione.domandaSiNo(
                 QStringLiteral("Attenzione si stà aggiornando un Anagrafica già esistente. Continuare?")))
-            return annulla();
+            return false;
     } else {
         d.Indice = 0;
     }
