@@ -85,7 +85,7 @@ Tabella TabellaEsitoOperazioneSky();
 
 // The size of a text field as declared, for the inputs bound to it; 0 for a field with no size (memo, numbers)
 // or a name the table doesn't have.
-int dimensioneTesto(const Tabella& tabella, const QString& campo);
+int dimensioneDichiarata(const Tabella& tabella, const QString& campo);
 
 // The tables of Archivio.mdb in the order the creation applies them.
 QList<Tabella> tabelleArchivio();

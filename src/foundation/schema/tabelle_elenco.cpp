@@ -56,7 +56,7 @@ QList<Tabella> tabelleArchivio()
              ConfigurazioneMultiAzienda() };
 }
 
-int dimensioneTesto(const Tabella& tabella, const QString& campo)
+int dimensioneDichiarata(const Tabella& tabella, const QString& campo)
 {
     for (const Campo& c : tabella.campi) {
         if (c.nome.compare(campo, Qt::CaseInsensitive) == 0)

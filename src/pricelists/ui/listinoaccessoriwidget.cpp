@@ -42,8 +42,8 @@ ListinoAccessoriWidget::ListinoAccessoriWidget(std::unique_ptr<SchermoListinoAcc
     m_etichettaIva = new QLabel(dati);
     // The group and the text take the size of their fields, so an overlong text can't be typed or pasted.
     const schema::Tabella tabella = schema::TabellaListinoAccessori();
-    m_tipo->lineEdit()->setMaxLength(schema::dimensioneTesto(tabella, QStringLiteral("Tipo")));
-    m_descrizione->setMaxLength(schema::dimensioneTesto(tabella, QStringLiteral("Descrizione")));
+    m_tipo->lineEdit()->setMaxLength(schema::dimensioneDichiarata(tabella, QStringLiteral("Tipo")));
+    m_descrizione->setMaxLength(schema::dimensioneDichiarata(tabella, QStringLiteral("Descrizione")));
     auto* griglia = new QGridLayout(dati);
     griglia->addWidget(new QLabel(QStringLiteral("Tipo"), dati), 0, 0);
     griglia->addWidget(m_tipo, 0, 1, 1, 3);

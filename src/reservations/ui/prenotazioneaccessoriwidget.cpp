@@ -70,8 +70,8 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
     m_descrizioneArt = descrizione;
     m_descrizioneArt->setMinimumWidth(240);
     const schema::Tabella movimenti = schema::TabellaMovimenti();
-    m_tipoArt->lineEdit()->setMaxLength(schema::dimensioneTesto(movimenti, QStringLiteral("TipoAccessorio")));
-    m_descrizioneArt->lineEdit()->setMaxLength(schema::dimensioneTesto(movimenti, QStringLiteral("Descrizione")));
+    m_tipoArt->lineEdit()->setMaxLength(schema::dimensioneDichiarata(movimenti, QStringLiteral("TipoAccessorio")));
+    m_descrizioneArt->lineEdit()->setMaxLength(schema::dimensioneDichiarata(movimenti, QStringLiteral("Descrizione")));
     m_qta = linea("Qta", 60);
     m_prezzoUnitario = linea("PrezzoUnitario", 90);
     m_prezzoArt = linea("Prezzo", 90);

@@ -54,7 +54,7 @@ QString testoIva(double iva)
 // An input bound to a stored text takes the field's size: an overlong text can be neither typed nor pasted.
 void limita(QLineEdit* campo, const schema::Tabella& tabella, const char* nomeCampo)
 {
-    if (const int dimensione = schema::dimensioneTesto(tabella, QLatin1String(nomeCampo)); dimensione > 0)
+    if (const int dimensione = schema::dimensioneDichiarata(tabella, QLatin1String(nomeCampo)); dimensione > 0)
         campo->setMaxLength(dimensione);
 }
 
