@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -65,6 +66,7 @@ private slots:
     void senzaArgomenti();
     void erroriSenzaScritture_data();
     void erroriSenzaScritture();
+    void backupEdErrori();
     void ripristinoControUnComandoInCorso();
     void ripristinoConPercorsoRelativo();
     void unComandoCheScriveSiRegistra();
@@ -197,6 +199,26 @@ void TestContrattoCli::erroriSenzaScritture()
     QCOMPARE(impronta(a.percorso()), prima);
     QCOMPARE(a.contenuto(), file);
     QVERIFY(QDir(casa.casa.path()).entryList(QDir::Files | QDir::NoDotAndDotDot).isEmpty());
+}
+
+void TestContrattoCli::backupEdErrori()
+{
+    Albergo a;
+    const QString cartella = a.file(QStringLiteral("copie"));
+    const auto e
+        = test::eseguiCli(QStringLiteral("backup"),
+                          { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), cartella });
+    QCOMPARE(e.codice, 0);
+    const QString fatto = e.out.trimmed();
+    QCOMPARE(QFileInfo(fatto).absolutePath(), QFileInfo(cartella).absoluteFilePath());
+    QCOMPARE(backup::dataDaNomeBackup(QFileInfo(fatto).fileName()), QDate::currentDate());
+    QVERIFY(backup::verificaArchivioTomvera(fatto).isEmpty());
+    // A folder that is a file can't take it.
+    const auto f
+        = test::eseguiCli(QStringLiteral("backup"),
+                          { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), a.percorso() });
+    QCOMPARE(f.codice, 2);
+    QCOMPARE(f.err.count(QLatin1Char('\n')), 1);
 }
 
 void TestContrattoCli::ripristinoControUnComandoInCorso()
