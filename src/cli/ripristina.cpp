@@ -68,8 +68,10 @@ int comandoRipristina(const Argomenti& argomenti, Console& console)
     if (!manutenzione.RipristinaDb(scelto))
         return console.errore(suUnaRiga(interazione.ultimo));
     console.out << suUnaRiga(interazione.ultimo) << Qt::endl;
-    console.out << QStringLiteral("Copia di sicurezza: ") << QDir::toNativeSeparators(manutenzione.percorsoCopia())
-                << Qt::endl;
+    // No archive was there before: nothing to keep.
+    if (!manutenzione.percorsoCopia().isEmpty())
+        console.out << QStringLiteral("Copia di sicurezza: ") << QDir::toNativeSeparators(manutenzione.percorsoCopia())
+                    << Qt::endl;
     return EsitoOk;
 }
 

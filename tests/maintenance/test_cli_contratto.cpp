@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -65,8 +66,10 @@ private slots:
     void senzaArgomenti();
     void erroriSenzaScritture_data();
     void erroriSenzaScritture();
+    void backupEdErrori();
     void ripristinoControUnComandoInCorso();
     void ripristinoConPercorsoRelativo();
+    void archivioBloccatoDaUnoScrittore();
     void unComandoCheScriveSiRegistra();
 };
 
@@ -199,6 +202,26 @@ void TestContrattoCli::erroriSenzaScritture()
     QVERIFY(QDir(casa.casa.path()).entryList(QDir::Files | QDir::NoDotAndDotDot).isEmpty());
 }
 
+void TestContrattoCli::backupEdErrori()
+{
+    Albergo a;
+    const QString cartella = a.file(QStringLiteral("copie"));
+    const auto e
+        = test::eseguiCli(QStringLiteral("backup"),
+                          { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), cartella });
+    QCOMPARE(e.codice, 0);
+    const QString fatto = e.out.trimmed();
+    QCOMPARE(QFileInfo(fatto).absolutePath(), QFileInfo(cartella).absoluteFilePath());
+    QCOMPARE(backup::dataDaNomeBackup(QFileInfo(fatto).fileName()), QDate::currentDate());
+    QVERIFY(backup::verificaArchivioTomvera(fatto).isEmpty());
+    // A folder that is a file can't take it.
+    const auto f
+        = test::eseguiCli(QStringLiteral("backup"),
+                          { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), a.percorso() });
+    QCOMPARE(f.codice, 2);
+    QCOMPARE(f.err.count(QLatin1Char('\n')), 1);
+}
+
 void TestContrattoCli::ripristinoControUnComandoInCorso()
 {
     Albergo a;
@@ -247,6 +270,33 @@ void TestContrattoCli::ripristinoConPercorsoRelativo()
                                      QStringLiteral("--file"), QStringLiteral("./161126.mdb") });
     QDir::setCurrent(qui);
     QVERIFY2(e.codice == 0, qPrintable(e.err));
+}
+
+void TestContrattoCli::archivioBloccatoDaUnoScrittore()
+{
+    // A writer that holds the archive beyond the wait (not registered, as an older program): busy, said as such.
+    Albergo a;
+    CasaTemporanea casa;
+    const QString salvato = a.file(QStringLiteral("161126.mdb"));
+    QVERIFY(backup::copiaCompattata(a.percorso(), salvato));
+    QProcess scrittore;
+    scrittore.start(QStringLiteral(TOMVERA_AIUTANTE),
+                    { QStringLiteral("blocca"), a.percorso(), QStringLiteral("20000") });
+    QVERIFY(scrittore.waitForReadyRead(10000));
+    QCOMPARE(scrittore.readLine().trimmed(), QByteArray("bloccato"));
+    auto e = test::eseguiCli(
+        QStringLiteral("backup"),
+        { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), a.file(QStringLiteral("copie")) });
+    QCOMPARE(e.codice, 2);
+    QVERIFY2(e.err.startsWith(QStringLiteral("Backup non eseguito: archivio occupato")), qPrintable(e.err));
+    e = test::eseguiCli(QStringLiteral("ripristina"),
+                        { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--file"), salvato });
+    QCOMPARE(e.codice, 2);
+    QVERIFY2(e.err.startsWith(QStringLiteral("IN QUESTO MOMENTO L'ARCHIVIO RISULTA OCCUPATO")), qPrintable(e.err));
+    scrittore.kill();
+    scrittore.waitForFinished(10000);
+    QVERIFY(!QDir(a.file(QStringLiteral("copie"))).exists()
+            || QDir(a.file(QStringLiteral("copie"))).isEmpty(QDir::Files | QDir::NoDotAndDotDot));
 }
 
 void TestContrattoCli::unComandoCheScriveSiRegistra()
