@@ -244,6 +244,7 @@ PrenotazioneWidget::~PrenotazioneWidget()
     // The lists go after the logic: they must not reach the filter once it is gone.
     for (QWidget* w : { static_cast<QWidget*>(m_camere), static_cast<QWidget*>(m_righeArt) })
         w->removeEventFilter(this);
+    scollegaClienti();
     // Nor may a field that loses its focus while the screen is torn down reach the logic.
     for (QWidget* w : findChildren<QWidget*>())
         w->disconnect(this);

@@ -72,6 +72,7 @@ private:
     void controllaData(QLineEdit* campo);
     void controllaNumero(QLineEdit* campo, const QString& nome);
     void applicaPermessiClienti(const AbilitazioniPrenotazione& abilitazioni);
+    void scollegaClienti();
 
     std::unique_ptr<SchedaPrenotazione> m_logica;
     bool m_aggiornando = false;
