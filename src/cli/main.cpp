@@ -23,6 +23,14 @@ static const Comando comandi[] = {
       comandoPrezzo },
     { "genera-demo", "--archivio PATH [--camere N] [--anni A] [--seme S]", comandoGeneraDemo },
     { "tabellone", "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--piano N]", comandoTabellone },
+    { "documento-calcola", "--archivio PATH [--sconto1 X] [--sconto2 X] [--sconto-merce X] < righe",
+      comandoDocumentoCalcola },
+    { "documento-registra",
+      "--archivio PATH --tipo TIPO --data GG/MM/AAAA [--numero N] [--cliente INDICE] [--pagamento NOME] [--pagato]"
+      " [--sconto1 X] [--sconto2 X] [--sconto-merce X] < righe",
+      comandoDocumentoRegistra },
+    { "documento-cancella", "--archivio PATH --tipo TIPO --data GG/MM/AAAA --numero N", comandoDocumentoCancella },
+    { "scadenze", "--archivio PATH --pagamento NOME --data GG/MM/AAAA --totale T --imponibile I", comandoScadenze },
 };
 
 int main(int argc, char** argv)
