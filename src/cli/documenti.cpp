@@ -239,6 +239,7 @@ int comandoDocumentoRegistra(const Argomenti& argomenti, Console& console)
     Ambiente a(argomenti.valore(QStringLiteral("archivio")).value_or(QString()).trimmed());
     if (const QString problema = apriArchivio(a.archivio, argomenti, tabelleDocumenti); !problema.isEmpty())
         return console.errore(problema);
+    const RegistrazioneScrittura registrazione(a.archivio.percorso());
     if (const auto cfg = configurazione::leggi(a.archivio))
         *a.sessione.configurazione = *cfg;
 
@@ -309,6 +310,7 @@ int comandoDocumentoCancella(const Argomenti& argomenti, Console& console)
     Ambiente a(argomenti.valore(QStringLiteral("archivio")).value_or(QString()).trimmed());
     if (const QString problema = apriArchivio(a.archivio, argomenti, tabelleDocumenti); !problema.isEmpty())
         return console.errore(problema);
+    const RegistrazioneScrittura registrazione(a.archivio.percorso());
     DocumentoNew_E documento(a.sessione, a.archivio);
     documento.testata.TipoDoc = *tipo;
     documento.testata.DataDoc = *data;
