@@ -5,12 +5,14 @@
 #include "foundation/piattaforma.h"
 #include "foundation/routines.h"
 #include "foundation/schema/creazionedb.h"
+#include "foundation/schema/tabelle.h"
 #include "foundation/sessione.h"
 #include "foundation/utenti.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tomvera {
 
@@ -147,9 +149,9 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
         if (archivio.apri())
             riga = archivio.riga(QStringLiteral("select * from TabellaVersione "));
     }
-    const auto aggiorna = [&] { CreazioneDB(percorsiCreazione(m_sessione), m_sessione.errori).CreaDB_Click(); };
     if (!riga) {
-        aggiorna();
+        if (!aggiornaArchivio())
+            return aggiornamentoNonRiuscito();
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
         if (archivio.apri())
             archivio.comando(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES (?)"),
@@ -159,11 +161,14 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
     const double programma = ValoreVersione(versioneProgramma);
     const double archiviata = ValoreVersione(riga->value(QStringLiteral("Versione")).toString());
     if (programma > archiviata) {
-        aggiorna();
+        // A failed upgrade keeps the old version number, so the next start tries again.
+        if (!aggiornaArchivio())
+            return aggiornamentoNonRiuscito();
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-        if (archivio.apri())
-            archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
-                             { versioneProgramma, riga->value(QStringLiteral("Indice")) });
+        if (!archivio.apri()
+            || !archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
+                                 { versioneProgramma, riga->value(QStringLiteral("Indice")) }))
+            return aggiornamentoNonRiuscito();
         return EsitoVersione::Aggiornato;
     }
     if (programma < archiviata) {
@@ -175,6 +180,33 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
         return EsitoVersione::ProgrammaPiuVecchio;
     }
     return EsitoVersione::Uguale;
+}
+
+bool AvvioSelezioneUtente::aggiornaArchivio()
+{
+    // One step per table checked, and the closing steps: enough to move a bar on the screen.
+    const int totale = int(schema::tabelleArchivio().size()) + 1;
+    int fatti = 0;
+    const auto registro = [this, totale, &fatti](const QString& riga) {
+        fatti = std::min(fatti + 1, totale);
+        if (avanzamentoAggiornamento)
+            avanzamentoAggiornamento(riga, fatti, totale);
+    };
+    if (avanzamentoAggiornamento)
+        avanzamentoAggiornamento(QStringLiteral("Aggiornamento dell'archivio in corso..."), 0, totale);
+    const bool riuscito = eseguiAggiornamento
+        ? eseguiAggiornamento(registro)
+        : CreazioneDB(percorsiCreazione(m_sessione), m_sessione.errori, registro).CreaDB_Click();
+    if (avanzamentoAggiornamento)
+        avanzamentoAggiornamento({}, totale, totale);
+    return riuscito;
+}
+
+AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::aggiornamentoNonRiuscito()
+{
+    m_sessione.interazione.messaggio(testoAggiornamentoNonRiuscito(), {}, Interazione::Icona::Critico);
+    AccediAbilitato = false;
+    return EsitoVersione::AggiornamentoNonRiuscito;
 }
 
 void AvvioSelezioneUtente::CaricaUtenteSelezionato()

@@ -139,7 +139,9 @@ bool CreazioneDB::CreaDB_Click()
         Transazione tutte(archivio);
         for (const schema::Tabella& tabella : schema::tabelleArchivio())
             applica(archivio, tabella);
-        tutte.commit();
+        // Tables that could not be written (a locked or read-only file) are no upgrade at all.
+        if (!tutte.commit())
+            return false;
     }
     ValorizzaCampiNulli(archivio);
     CreaArchivioSky();
