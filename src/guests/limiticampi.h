@@ -12,10 +12,8 @@ struct Tabella;
 
 // Size limits of the text fields, as the table declarations set them: the inputs take them as their maximum
 // length and the saves check them, so an overlong text is refused with a message instead of failing at the
-// archive.
+// archive. The size of one field comes from schema::dimensioneDichiarata.
 
-// Declared size of a text field; 0 for a memo, a field of another type or an unknown one.
-int dimensioneTesto(const schema::Tabella& tabella, const QString& campo);
 // Size of a field of TabellaAnagrafiche.
 int dimensioneCampoAnagrafica(const QString& campo);
 

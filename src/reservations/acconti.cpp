@@ -61,6 +61,42 @@ void SchedaAcconti::PulisciCampi()
     Descrizione.clear();
     Importo.clear();
     FR = false;
+    ricordaRiga();
+}
+
+void SchedaAcconti::ricordaRiga()
+{
+    m_dataBase = Data;
+    m_descrizioneBase = Descrizione;
+    m_importoBase = Importo;
+    m_frBase = FR;
+}
+
+bool SchedaAcconti::rigaOccupata() const
+{
+    return IndiceMovimento != 0 || Data.trimmed() != testoData(m_orologio.oggi()) || !Descrizione.trimmed().isEmpty()
+        || !Importo.trimmed().isEmpty() || FR;
+}
+
+bool SchedaAcconti::rigaModificata() const
+{
+    return Data.trimmed() != m_dataBase.trimmed() || Descrizione.trimmed() != m_descrizioneBase.trimmed()
+        || Importo.trimmed() != m_importoBase.trimmed() || FR != m_frBase;
+}
+
+bool SchedaAcconti::Fine_Click()
+{
+    if (rigaModificata()) {
+        const std::optional<bool> inserire = m_interazione.domandaSiNoAnnulla(
+            QStringLiteral("Attenzione, l'acconto digitato non è stato inserito. Inserirlo prima di uscire?"));
+        if (!inserire)
+            return false;
+        // A refused deposit keeps the screen open on it, with the refusal shown.
+        if (*inserire && !Ins_Click())
+            return false;
+    }
+    RegistraTotaleAcconto();
+    return true;
 }
 
 void SchedaAcconti::Aggiorna_Click()
@@ -81,39 +117,45 @@ void SchedaAcconti::Aggiorna_Click()
     }
 }
 
-void SchedaAcconti::Ins_Click()
+bool SchedaAcconti::Ins_Click()
 {
     const double importo = leggiNumero(Importo).value_or(0);
     if (importo == 0) {
         m_interazione.messaggio(QStringLiteral("Attenzione, valorizzare l'importo!"));
-        return;
+        return false;
     }
     const auto data = leggiData(Data);
     if (!data) {
         m_interazione.messaggio(QStringLiteral("Attenzione, inserire correttamente una data!"));
-        return;
+        return false;
     }
     const bool esiste = IndiceMovimento > 0
         && m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM ") + tabellaMovimenti()
                                      + QStringLiteral(" WHERE Indice = ?"),
                                  { IndiceMovimento });
+    bool scritto = false;
     if (esiste) {
         if (!m_interazione.domandaSiNo(
                 QStringLiteral("Attenzione si stà aggiornando un movimento già esistente. Continuare?")))
-            return;
-        m_archivio.comando(
+            return false;
+        scritto = m_archivio.comando(
             QStringLiteral("UPDATE ") + tabellaMovimenti()
                 + QStringLiteral(" SET Data = ?, Descrizione = ?, Dare = ?, IndicePrenotazioneAssociata = ?, "
                                  "EffettuataFatturaRicevuta = ?, Tipo = 'Acconto' WHERE Indice = ?"),
             { dataArchivio(*data), Descrizione, importo, m_indicePrenotazione, FR ? 1 : 0, IndiceMovimento });
     } else {
-        m_archivio.comando(QStringLiteral("INSERT INTO ") + tabellaMovimenti()
-                               + QStringLiteral(" (Data, Descrizione, Dare, IndicePrenotazioneAssociata, "
-                                                "EffettuataFatturaRicevuta, Tipo) VALUES (?, ?, ?, ?, ?, 'Acconto')"),
-                           { dataArchivio(*data), Descrizione, importo, m_indicePrenotazione, FR ? 1 : 0 });
+        scritto = m_archivio.comando(
+            QStringLiteral("INSERT INTO ") + tabellaMovimenti()
+                + QStringLiteral(" (Data, Descrizione, Dare, IndicePrenotazioneAssociata, "
+                                 "EffettuataFatturaRicevuta, Tipo) VALUES (?, ?, ?, ?, ?, 'Acconto')"),
+            { dataArchivio(*data), Descrizione, importo, m_indicePrenotazione, FR ? 1 : 0 });
     }
+    // A write the archive refused keeps the deposit on the line, to be tried again.
+    if (!scritto)
+        return false;
     PulisciCampi();
     Aggiorna_Click();
+    return true;
 }
 
 void SchedaAcconti::Cancella_Click()
@@ -165,6 +207,7 @@ void SchedaAcconti::Righe_Click(int riga)
     Descrizione = r.Descrizione;
     Importo = formattaNumero(r.Dare, 2);
     FR = r.EffettuataFatturaRicevuta;
+    ricordaRiga();
 }
 
 void SchedaAcconti::RegistraTotaleAcconto()

@@ -43,7 +43,8 @@ public:
     double totale() const;
 
     void Aggiorna_Click();
-    void Ins_Click();
+    // False when the deposit was refused or the update not confirmed: the entry line keeps it.
+    bool Ins_Click();
     void Cancella_Click();
     void Command6_Click(); // all receipted
     void Command1_Click(); // none receipted
@@ -52,6 +53,14 @@ public:
     // On closing: the sum goes to TotaleAcconto of the header.
     void RegistraTotaleAcconto();
 
+    // The entry line shows something other than a blank new deposit (typed, or a row taken back).
+    bool rigaOccupata() const;
+    // The entry line differs from what it was last cleared to or loaded from: a deposit not yet inserted.
+    bool rigaModificata() const;
+    // Every way of closing the screen goes through here. A deposit typed but not inserted is asked about
+    // (Annulla keeps the screen open); when the screen may close the total is written. True to close.
+    bool Fine_Click();
+
     static QString notaPiede()
     {
         return QStringLiteral("* F/R = E' stata Eseguita la Ricevuta o Fattura dell'Acconto");
@@ -59,6 +68,7 @@ public:
 
 private:
     void ImpostaAccontoFatturato(bool fatturato);
+    void ricordaRiga();
     QString tabellaMovimenti() const;
     QString tabellaTestate() const;
 
@@ -68,6 +78,9 @@ private:
     Modo m_modo;
     qint64 m_indicePrenotazione;
     QList<Riga> m_righe;
+    // The entry line as last cleared or loaded.
+    QString m_dataBase, m_descrizioneBase, m_importoBase;
+    bool m_frBase = false;
 };
 
 // F_ListaPrenotazioni: the stays of one room that meet a period, one line per guest, payer first.

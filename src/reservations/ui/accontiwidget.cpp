@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -72,7 +73,7 @@ AccontiWidget::AccontiWidget(std::unique_ptr<SchedaAcconti> logica, QWidget* gen
     v->addWidget(m_righe, 1);
     v->addWidget(new QLabel(SchedaAcconti::notaPiede(), this));
 
-    const auto esegui = [this](void (SchedaAcconti::*azione)()) {
+    const auto esegui = [this](auto azione) {
         leggi();
         ((*m_logica).*azione)();
         aggiorna();
@@ -86,6 +87,8 @@ AccontiWidget::AccontiWidget(std::unique_ptr<SchedaAcconti> logica, QWidget* gen
         m_logica->Righe_Click(r);
         aggiorna();
     });
+    for (QWidget* campo : std::initializer_list<QWidget*> { m_data, m_descrizione, m_importo, m_fr })
+        campo->installEventFilter(this);
     m_logica->Aggiorna_Click();
     aggiorna();
     resize(640, 420);
@@ -95,8 +98,27 @@ AccontiWidget::~AccontiWidget() = default;
 
 void AccontiWidget::done(int esito)
 {
-    m_logica->RegistraTotaleAcconto();
+    leggi();
+    if (!m_logica->Fine_Click()) {
+        aggiorna();
+        return;
+    }
     QDialog::done(esito);
+}
+
+bool AccontiWidget::eventFilter(QObject* oggetto, QEvent* evento)
+{
+    // Esc in the entry line first clears it; only on a blank line does it reach the dialog and close.
+    if (evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape) {
+        leggi();
+        if (m_logica->rigaOccupata()) {
+            m_logica->PulisciCampi();
+            aggiorna();
+            m_righe->clearSelection();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(oggetto, evento);
 }
 
 void AccontiWidget::leggi()

@@ -10,7 +10,8 @@ class QTableWidget;
 
 namespace tomvera {
 
-// F_Acconti: the deposits of one reservation. Closing writes their sum into the header.
+// F_Acconti: the deposits of one reservation. Esci, Esc and the close box all go through Fine_Click, which asks
+// about a deposit typed but not inserted and writes the sum into the header.
 class AccontiWidget : public QDialog
 {
     Q_OBJECT
@@ -22,6 +23,7 @@ public:
 
 protected:
     void done(int esito) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
     void leggi();

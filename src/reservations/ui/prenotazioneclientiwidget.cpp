@@ -141,7 +141,7 @@ bool spuntato(const OspitePrenotazione& o, const char* campo)
 int dimensione(const QString& campo)
 {
     static const schema::Tabella righe = schema::TabellaAnagraficheAssociatePrenotazioni();
-    const int riga = dimensioneTesto(righe, campo);
+    const int riga = schema::dimensioneDichiarata(righe, campo);
     const int scheda = dimensioneCampoAnagrafica(campo);
     if (riga > 0 && scheda > 0)
         return qMin(riga, scheda);
