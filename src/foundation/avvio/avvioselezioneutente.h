@@ -77,6 +77,7 @@ public:
 
 private:
     void ricarica();
+    bool m_archivioOccupato = false; // the archive check failed only because another user held the file
 
     Sessione& m_sessione;
     ContaUtenti m_contaUtenti;

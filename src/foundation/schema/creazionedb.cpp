@@ -138,7 +138,9 @@ bool CreazioneDB::CreaDB_Click()
         Transazione tutte(archivio);
         for (const schema::Tabella& tabella : schema::tabelleArchivio())
             applica(archivio, tabella);
-        tutte.commit();
+        // Busy or read-only: nothing was created, and the caller must not report the archive as made.
+        if (!tutte.commit())
+            return false;
     }
     ValorizzaCampiNulli(archivio);
     CreaArchivioSky();
