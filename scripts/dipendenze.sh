@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages needed to build and test Tomvera, only those that are missing.
+# With --elenco it only prints the list, one package a line (the CI check of the list reads it).
 set -euo pipefail
 
 pacchetti=(
@@ -7,6 +8,11 @@ pacchetti=(
   qt6-base-dev libqt6sql6-sqlite libqt6opengl6-dev qt6-serialport-dev qt6-charts-dev qt6-svg-dev libgl-dev
   libsqlite3-dev libfreexl-dev libbenchmark-dev
 )
+
+if [ "${1:-}" = "--elenco" ]; then
+  printf '%s\n' "${pacchetti[@]}"
+  exit 0
+fi
 
 mancanti=()
 for p in "${pacchetti[@]}"; do
