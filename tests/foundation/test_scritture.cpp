@@ -1,7 +1,9 @@
 // Saves that can't land must not land in part, and must not vanish without a word.
+#include "altroutente.h"
 #include "archiviotemporaneo.h"
 #include "foundation/schema/definizione.h"
 #include "foundation/schema/versione.h"
+#include "solalettura.h"
 #include "testmain.h"
 
 #include <QDir>
@@ -10,89 +12,13 @@
 #include <QSqlDatabase>
 #include <QTest>
 
-#ifdef Q_OS_LINUX
-#include <linux/capability.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-#endif
-
 using namespace tomvera;
+using test::AltroUtente;
+using test::SolaLettura;
 
 namespace {
 
 const QString Occupato = QStringLiteral("Archivio occupato da un altro utente: riprovare più tardi.");
-
-// Another user's save in progress: a second connection holding the write lock (readers may still read).
-class AltroUtente
-{
-public:
-    explicit AltroUtente(const QString& percorso)
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_nome);
-        db.setDatabaseName(percorso);
-        db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=0"));
-        QVERIFY(db.open());
-        QVERIFY(QSqlQuery(db).exec(QStringLiteral("BEGIN IMMEDIATE")));
-    }
-    // The other user's save lands and the lock goes.
-    void registra(const QString& sql)
-    {
-        QSqlDatabase db = QSqlDatabase::database(m_nome, false);
-        QVERIFY(QSqlQuery(db).exec(sql));
-        QVERIFY(QSqlQuery(db).exec(QStringLiteral("COMMIT")));
-    }
-    ~AltroUtente()
-    {
-        {
-            QSqlDatabase db = QSqlDatabase::database(m_nome, false);
-            QSqlQuery(db).exec(QStringLiteral("ROLLBACK"));
-            db.close();
-        }
-        QSqlDatabase::removeDatabase(m_nome);
-    }
-
-private:
-    QString m_nome = QStringLiteral("altro-utente");
-};
-
-// Makes a file or folder read-only for this thread, for an administrator too (who would write anyway).
-class SolaLettura
-{
-public:
-    explicit SolaLettura(const QString& percorso)
-        : m_percorso(percorso)
-        , m_permessi(QFile::permissions(percorso))
-    {
-        QFile::setPermissions(percorso,
-                              QFileDevice::ReadOwner | QFileDevice::ExeOwner | QFileDevice::ReadGroup
-                                  | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther);
-#ifdef Q_OS_LINUX
-        if (geteuid() == 0) {
-            syscall(SYS_capget, &m_testata, m_capacita);
-            __user_cap_data_struct ridotte[2] = { m_capacita[0], m_capacita[1] };
-            ridotte[0].effective &= ~((1u << CAP_DAC_OVERRIDE) | (1u << CAP_DAC_READ_SEARCH) | (1u << CAP_FOWNER));
-            m_ridotte = syscall(SYS_capset, &m_testata, ridotte) == 0;
-        }
-#endif
-    }
-    ~SolaLettura()
-    {
-#ifdef Q_OS_LINUX
-        if (m_ridotte)
-            syscall(SYS_capset, &m_testata, m_capacita);
-#endif
-        QFile::setPermissions(m_percorso, m_permessi);
-    }
-
-private:
-    QString m_percorso;
-    QFileDevice::Permissions m_permessi;
-#ifdef Q_OS_LINUX
-    __user_cap_header_struct m_testata { _LINUX_CAPABILITY_VERSION_3, 0 };
-    __user_cap_data_struct m_capacita[2] {};
-    bool m_ridotte = false;
-#endif
-};
 
 void preparaTabelle(Archivio& archivio)
 {
