@@ -13,6 +13,7 @@
 #include "maintenance/schermobackup.h"
 #include "maintenance/ui/backupwidget.h"
 #include "reservations/ui/collegamentoprenotazioni.h"
+#include "rooms/tabellone.h"
 #include "rooms/ui/tabelloneavvio.h"
 
 #include <QApplication>
@@ -103,11 +104,20 @@ void collegaComandi(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessione)
     collegaManutenzione(finestra, avvio, sessione);
     collegaConfigurazioni(finestra, avvio, sessione);
     collegaInformazioni(finestra, sessione);
-    collegaArchivi(finestra, sessione);
     // The planning board fills the central area; the window owns it.
     auto* tabellone = new TabelloneAvvio(finestra, sessione);
     // Clicks on the tiles open the reservation screens; the board refreshes when they close.
     collegaPrenotazioni(tabellone->logica(), sessione, &finestra);
+    // Other screens open a reservation through the board's own door, so the board refreshes after it too.
+    Tabellone* logicaTabellone = &tabellone->logica();
+    collegaArchivi(finestra, sessione, [logicaTabellone](qint64 indice) {
+        if (!logicaTabellone->apriPrenotazione)
+            return;
+        RichiestaPrenotazione richiesta;
+        richiesta.tipo = RichiestaPrenotazione::Tipo::Esistente;
+        richiesta.IndicePrenotazioneDaAprire = indice;
+        logicaTabellone->apriPrenotazione(richiesta);
+    });
 }
 
 } // namespace tomvera

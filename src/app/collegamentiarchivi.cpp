@@ -15,12 +15,13 @@
 
 namespace tomvera {
 
-void collegaArchivi(FinestraAvvio& finestra, Sessione& sessione)
+void collegaArchivi(FinestraAvvio& finestra, Sessione& sessione, std::function<void(qint64)> apriPrenotazione)
 {
-    finestra.registraComando(QStringLiteral("Anagrafiche"), [&finestra, &sessione] {
+    finestra.registraComando(QStringLiteral("Anagrafiche"), [&finestra, &sessione, apriPrenotazione] {
         Archivio archivio(sessione.PercorsoDB, sessione.errori);
-        SchedaAnagraficaWidget scheda(
-            std::make_unique<SchedaAnagrafica>(archivio, sessione.interazione, sessione.orologio), &finestra);
+        SchedaAnagraficaWidget scheda(std::make_unique<SchedaAnagrafica>(sessione, archivio), &finestra);
+        if (apriPrenotazione)
+            QObject::connect(&scheda, &SchedaAnagraficaWidget::apriPrenotazione, &scheda, apriPrenotazione);
         scheda.exec();
     });
     finestra.registraComando(QStringLiteral("mConfigurazioneTabelle"), [&finestra, &sessione] {

@@ -12,17 +12,15 @@ namespace tomvera::cli {
 
 int comandoBackup(const Argomenti& argomenti, Console& console)
 {
-    const QStringList sconosciuti = argomenti.sconosciuti({ QStringLiteral("archivio"), QStringLiteral("cartella") });
-    if (!sconosciuti.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + sconosciuti.first());
-    const auto archivio = argomenti.valore(QStringLiteral("archivio"));
-    if (!archivio || archivio->isEmpty())
+    const auto archivio = testoRichiesto(argomenti, QStringLiteral("archivio"));
+    if (!archivio)
         return console.errore(QStringLiteral("Indicare l'archivio con --archivio PERCORSO"));
-    const auto cartella = argomenti.valore(QStringLiteral("cartella"));
-    if (!cartella || cartella->isEmpty())
+    const auto cartella = testoRichiesto(argomenti, QStringLiteral("cartella"));
+    if (!cartella)
         return console.errore(QStringLiteral("Indicare la cartella di backup con --cartella CARTELLA"));
-    if (const QString errore = Archivio::VerificaArchivio(*archivio); !errore.isEmpty())
-        return console.errore(errore + QStringLiteral(": ") + *archivio);
+    // An empty or foreign file would make a backup of nothing under today's name, over a good one.
+    if (const QString errore = backup::verificaArchivioTomvera(*archivio); !errore.isEmpty())
+        return console.errore(errore);
     if (QFileInfo(*cartella).exists() && !QFileInfo(*cartella).isDir())
         return console.errore(QStringLiteral("La cartella di backup non è una cartella: ") + *cartella);
 

@@ -4,6 +4,7 @@
 #include "foundation/formati.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/definizione.h"
+#include "foundation/utenticollegati.h"
 
 #include <cstdio>
 
@@ -43,6 +44,11 @@ bool Argomenti::presente(const QString& nome) const
     return m_nomi.contains(nome);
 }
 
+int Argomenti::ripetizioni(const QString& nome) const
+{
+    return static_cast<int>(m_nomi.count(nome));
+}
+
 QStringList Argomenti::sconosciuti(const QStringList& noti) const
 {
     QStringList fuori;
@@ -66,13 +72,29 @@ int Console::errore(const QString& testo)
     return EsitoErrore;
 }
 
-QString controllaArgomenti(const Argomenti& argomenti, const QStringList& noti)
+QString controllaArgomenti(const Argomenti& argomenti, const QStringList& noti, int posizionali)
 {
     if (const QStringList fuori = argomenti.sconosciuti(noti); !fuori.isEmpty())
         return QStringLiteral("Opzione sconosciuta: --") + fuori.first();
-    if (!argomenti.posizionali().isEmpty())
-        return QStringLiteral("Argomento non previsto: ") + argomenti.posizionali().first();
+    for (const QString& nome : noti)
+        if (argomenti.ripetizioni(nome) > 1)
+            return QStringLiteral("Opzione ripetuta: --") + nome;
+    if (argomenti.posizionali().size() > posizionali)
+        return QStringLiteral("Argomento non previsto: ") + argomenti.posizionali().at(posizionali);
     return QString();
+}
+
+RegistrazioneScrittura::RegistrazioneScrittura(const QString& percorsoArchivio)
+    : m_utenti(std::make_unique<UtentiCollegati>())
+{
+    m_utenti->registra(percorsoArchivio, UtentiCollegati::nomeMacchina(), QStringLiteral("tomvera-cli"));
+}
+
+RegistrazioneScrittura::~RegistrazioneScrittura() = default;
+
+bool RegistrazioneScrittura::registrata() const
+{
+    return m_utenti->registrato();
 }
 
 std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString& nome)

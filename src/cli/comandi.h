@@ -4,11 +4,13 @@
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
+#include <memory>
 #include <optional>
 
 namespace tomvera {
 class Archivio;
-}
+class UtentiCollegati;
+} // namespace tomvera
 
 namespace tomvera::cli {
 
@@ -24,6 +26,7 @@ public:
     explicit Argomenti(const QStringList& argomenti);
     std::optional<QString> valore(const QString& nome) const;
     bool presente(const QString& nome) const;
+    int ripetizioni(const QString& nome) const;
     const QStringList& posizionali() const { return m_posizionali; }
     // Options given but not among the known ones (reported as an error).
     QStringList sconosciuti(const QStringList& noti) const;
@@ -45,8 +48,8 @@ struct Console
 
 // Checks shared by the commands. Each returns the Italian error line, empty when all is in order.
 
-// Unknown options, or bare words where none are expected.
-QString controllaArgomenti(const Argomenti& argomenti, const QStringList& noti);
+// Unknown or repeated options, or more bare words than `posizionali`.
+QString controllaArgomenti(const Argomenti& argomenti, const QStringList& noti, int posizionali = 0);
 // The trimmed value of an option; nullopt when missing or blank.
 std::optional<QString> testoRichiesto(const Argomenti& argomenti, const QString& nome);
 // A required date option, day first.
@@ -61,6 +64,24 @@ struct Comando
     const char* nome;
     const char* uso;
     FunzioneComando esegui;
+    const char* opzioni = nullptr; // the known options, blank separated; null: the command checks them itself
+    int posizionali = 0;
+};
+
+// A command that writes an archive registers in its connected-users list for as long as it runs, so that a
+// restore or a compaction started meanwhile finds the archive busy. Registration is best effort: a folder
+// where the list can't be written can't take the archive's journal either, and the write reports that.
+class RegistrazioneScrittura
+{
+public:
+    explicit RegistrazioneScrittura(const QString& percorsoArchivio);
+    ~RegistrazioneScrittura();
+    RegistrazioneScrittura(const RegistrazioneScrittura&) = delete;
+    RegistrazioneScrittura& operator=(const RegistrazioneScrittura&) = delete;
+    bool registrata() const;
+
+private:
+    std::unique_ptr<UtentiCollegati> m_utenti;
 };
 
 // Each subcommand lives in its own file and is listed in main.cpp.

@@ -8,13 +8,10 @@ namespace tomvera::cli {
 
 int comandoCreaArchivio(const Argomenti& argomenti, Console& console)
 {
-    const QStringList fuori = argomenti.sconosciuti({ QStringLiteral("archivio") });
-    if (!fuori.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
-    if (!argomenti.posizionali().isEmpty())
-        return console.errore(QStringLiteral("Argomento inatteso: ") + argomenti.posizionali().first());
-    const auto percorso = argomenti.valore(QStringLiteral("archivio"));
-    if (!percorso || percorso->isEmpty())
+    if (const QString errore = controllaArgomenti(argomenti, { QStringLiteral("archivio") }); !errore.isEmpty())
+        return console.errore(errore);
+    const auto percorso = testoRichiesto(argomenti, QStringLiteral("archivio"));
+    if (!percorso)
         return console.errore(QStringLiteral("Indicare l'archivio con --archivio PERCORSO"));
 
     // Both files are checked before anything is written: a foreign file is never turned into an archive.
@@ -25,6 +22,7 @@ int comandoCreaArchivio(const Argomenti& argomenti, Console& console)
             return console.errore(problema);
     }
 
+    const RegistrazioneScrittura registrazione(*percorso);
     GestioneErrori errori;
     CreazioneDB::Percorsi percorsi;
     percorsi.archivio = *percorso;

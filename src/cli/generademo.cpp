@@ -2,10 +2,12 @@
 #include "foundation/archivio.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/creazionedb.h"
+#include "foundation/schema/definizione.h"
 #include "foundation/schema/versione.h"
 #include "reservations/demo.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <limits>
 
 namespace tomvera::cli {
@@ -28,12 +30,8 @@ std::optional<int> intero(const Argomenti& argomenti, const QString& nome, int p
 
 int comandoGeneraDemo(const Argomenti& argomenti, Console& console)
 {
-    const QStringList fuori = argomenti.sconosciuti(
-        { QStringLiteral("archivio"), QStringLiteral("camere"), QStringLiteral("anni"), QStringLiteral("seme") });
-    if (!fuori.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + fuori.first());
-    const auto percorso = argomenti.valore(QStringLiteral("archivio"));
-    if (!percorso || percorso->isEmpty())
+    const auto percorso = testoRichiesto(argomenti, QStringLiteral("archivio"));
+    if (!percorso)
         return console.errore(QStringLiteral("Indicare l'archivio con --archivio PERCORSO"));
     const auto camere = intero(argomenti, QStringLiteral("camere"), 30, 1, 1000);
     if (!camere)
@@ -52,9 +50,25 @@ int comandoGeneraDemo(const Argomenti& argomenti, Console& console)
             return console.errore(problema);
     }
 
+    GestioneErrori errori;
+    // A hotel's archive is refused before anything is written to it, schema upgrade included.
+    if (QFileInfo(*percorso).size() > 0) {
+        Archivio esistente(*percorso, errori);
+        if (!esistente.apri(Archivio::Apertura::Esistente))
+            return console.errore(QStringLiteral("Errore apertura Archivio: ") + *percorso);
+        for (const char* tabella : { "TabellaStrutturaCamere", "TabellaPrenotazioni" }) {
+            const QString nome = QLatin1String(tabella);
+            if (schema::tabellaEsiste(esistente, nome)
+                && esistente.esisteRiga(QStringLiteral("SELECT 1 FROM ") + nome + QStringLiteral(" LIMIT 1")))
+                return console.errore(
+                    QStringLiteral("L'archivio contiene già camere o prenotazioni: usare un archivio nuovo: ")
+                    + *percorso);
+        }
+    }
+
+    const RegistrazioneScrittura registrazione(*percorso);
     QElapsedTimer tempo;
     tempo.start();
-    GestioneErrori errori;
     CreazioneDB::Percorsi percorsi;
     percorsi.archivio = *percorso;
     percorsi.archivioSky = sky;

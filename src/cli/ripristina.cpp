@@ -4,6 +4,7 @@
 #include "maintenance/backup.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace tomvera::cli {
 
@@ -39,20 +40,26 @@ QString suUnaRiga(QString testo)
 
 int comandoRipristina(const Argomenti& argomenti, Console& console)
 {
-    const QStringList sconosciuti = argomenti.sconosciuti({ QStringLiteral("archivio"), QStringLiteral("file") });
-    if (!sconosciuti.isEmpty())
-        return console.errore(QStringLiteral("Opzione sconosciuta: --") + sconosciuti.first());
-    const auto archivio = argomenti.valore(QStringLiteral("archivio"));
-    if (!archivio || archivio->isEmpty())
+    const auto indicato = testoRichiesto(argomenti, QStringLiteral("archivio"));
+    if (!indicato)
         return console.errore(QStringLiteral("Indicare l'archivio con --archivio PERCORSO"));
-    const auto file = argomenti.valore(QStringLiteral("file"));
-    if (!file || file->isEmpty())
+    const auto file = testoRichiesto(argomenti, QStringLiteral("file"));
+    if (!file)
         return console.errore(QStringLiteral("Indicare il backup da ripristinare con --file FILE"));
+    // A path typed on the command line is relative to where the command runs; the restore itself only takes a
+    // local absolute path, as the screen does.
+    const QString archivio
+        = piattaforma::percorsoDiRete(*indicato) ? *indicato : QFileInfo(*indicato).absoluteFilePath();
+    const QString scelto = piattaforma::percorsoDiRete(*file) ? *file : QFileInfo(*file).absoluteFilePath();
 
+    // Registered first: a program or a command that comes in now finds us, and anyone already in is another.
+    const RegistrazioneScrittura registrazione(archivio);
+    const int propri = registrazione.registrata() ? 1 : 0;
     InterazioneConfermata interazione;
-    backup::Manutenzione manutenzione(interazione, *archivio, piattaforma::cartellaProgramma(),
-                                      [](const QString& percorso) { return backup::archivioOccupato(percorso, 0); });
-    if (!manutenzione.RipristinaDb(*file))
+    backup::Manutenzione manutenzione(
+        interazione, archivio, piattaforma::cartellaProgramma(),
+        [propri](const QString& percorso) { return backup::archivioOccupato(percorso, propri); });
+    if (!manutenzione.RipristinaDb(scelto))
         return console.errore(suUnaRiga(interazione.ultimo));
     console.out << suUnaRiga(interazione.ultimo) << Qt::endl;
     console.out << QStringLiteral("Copia di sicurezza: ") << QDir::toNativeSeparators(manutenzione.percorsoCopia())

@@ -49,7 +49,9 @@ struct Configurazione
     QString PercorsoBackupAutomatico;
     QString PercorsoRicerca;
     QString PercorsoSalvataggioImmaginiSpiaggia;
-    int NumeroBackupDaMantenere = 0;
+    // Dated backups kept by the automatic pass; a week unless the hotel chose otherwise.
+    static constexpr int BackupDaMantenerePredefiniti = 7;
+    int NumeroBackupDaMantenere = BackupDaMantenerePredefiniti;
     bool SalvataggioAutomatico = false;
     QString prnDocs, prnDocumenti, prnPdf;
     bool DisabilitaControlloAggiornamenti = false;

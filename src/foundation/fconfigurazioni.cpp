@@ -142,6 +142,9 @@ void FConfigurazioni::Form_Load()
     Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
     archivio.apri();
     valori = configurazione::leggi(archivio).value_or(Configurazione());
+    // Zero would leave the automatic pass nothing to keep: propose the default instead.
+    if (valori.NumeroBackupDaMantenere <= 0)
+        valori.NumeroBackupDaMantenere = Configurazione::BackupDaMantenerePredefiniti;
     m_ivaMemorizzate = valori.ValIva;
     CaricaLogo(archivio);
     Variabili variabili(archivio);

@@ -161,6 +161,13 @@ bool scriviTiporaIni(const QString& cartella, const QString& cartellaArchivio)
         percorso, QStringLiteral("[Config]\nNomeDB=Stampe.mdb\nPercorsoDB=") + cartellaArchivio + QLatin1Char('\n'));
 }
 
+bool creaFilePrivato(const QString& percorso)
+{
+    // Created with its permissions in one step: no moment in which others could open it.
+    QFile file(percorso);
+    return file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
 bool percorsoDiRete(const QString& percorso)
 {
     const QString p = percorso.trimmed();

@@ -36,6 +36,10 @@ bool scriviProgrammaInf(const QString& cartella, const QString& versione, const 
                         const QString& percorsoProgramma);
 bool scriviTiporaIni(const QString& cartella, const QString& cartellaArchivio);
 
+// A new empty file that only its owner may read and write (0600 on POSIX), for copies that hold the whole
+// hotel's data. False when the file exists already or can't be created.
+bool creaFilePrivato(const QString& percorso);
+
 // A path that is not on this machine (UNC, smb:// and the like): restores refuse it, and the main window's
 // title says "(Archivio in rete)".
 bool percorsoDiRete(const QString& percorso);

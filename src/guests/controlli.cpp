@@ -79,9 +79,8 @@ bool ControllaPartitaIva(const QString& partitaIva)
 
 std::optional<int> anniValiditaDocumento(const QString& tipoDocumento, const QDate& rilascio, const QDate& nascita)
 {
-    // The official words of the code table say "CARTA DI IDENTITA'" where the old chooser said "C.I.".
-    if (contiene(tipoDocumento, "C.I.") || contiene(tipoDocumento, "CARTA DI IDENTITA")
-        || contiene(tipoDocumento, "CARTA IDENTITA"))
+    // Only the words of the table count: the chooser's text decides, so "CARTA DI IDENTITA'" has no rule.
+    if (contiene(tipoDocumento, "C.I."))
         return 5;
     if (contiene(tipoDocumento, "Patente")) {
         if (!nascita.isValid() || !rilascio.isValid())

@@ -3,10 +3,12 @@
 #include "foundation/archivio.h"
 #include "foundation/formati.h"
 #include "foundation/interazione.h"
+#include "foundation/schema/definizione.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
+#include <algorithm>
 #include <cmath>
 #include <freexl.h>
 
@@ -53,6 +55,56 @@ QString testoNumero(double v)
     return QString::number(v, 'g', 15);
 }
 
+// The bytes 0x80..0x9F of Windows-1252; 0 where the code page leaves them undefined.
+constexpr char16_t windows1252[32]
+    = { 0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178 };
+
+bool controlloNonAmmesso(char16_t c)
+{
+    return c < 0x20 && c != u'\t' && c != u'\r' && c != u'\n';
+}
+
+std::optional<QString> daWindows1252(const QByteArray& dati)
+{
+    QString testo;
+    testo.reserve(dati.size());
+    for (const char byte : dati) {
+        const auto b = static_cast<unsigned char>(byte);
+        char16_t c = b;
+        if (b >= 0x80 && b < 0xA0)
+            c = windows1252[b - 0x80];
+        if (c == 0 || controlloNonAmmesso(c))
+            return std::nullopt;
+        testo += QChar(c);
+    }
+    return testo;
+}
+
+// UTF-8 (with or without its mark) or, for older downloads, Windows-1252. UTF-16 and binary files are refused:
+// read byte by byte they give a few rows of garbage that would replace a whole table.
+std::optional<QString> decodificaTesto(const QByteArray& dati, const QString& percorso, QString& errore)
+{
+    if (dati.startsWith("\xFF\xFE") || dati.startsWith("\xFE\xFF") || dati.contains('\0')) {
+        errore = QStringLiteral("Il file è in UTF-16 o non è un testo: salvarlo come CSV UTF-8 o Windows-1252: ")
+            + percorso;
+        return std::nullopt;
+    }
+    const bool marcaUtf8 = dati.startsWith("\xEF\xBB\xBF");
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    QString testo = utf8.decode(marcaUtf8 ? dati.mid(3) : dati);
+    if (!utf8.hasError()) {
+        if (std::none_of(testo.cbegin(), testo.cend(), [](QChar c) { return controlloNonAmmesso(c.unicode()); }))
+            return testo;
+    } else if (!marcaUtf8) {
+        if (auto windows = daWindows1252(dati))
+            return windows;
+    }
+    errore = QStringLiteral("Il file non è un testo valido (né UTF-8 né Windows-1252): ") + percorso;
+    return std::nullopt;
+}
+
 struct ChiudiXls
 {
     const void* handle = nullptr;
@@ -69,19 +121,18 @@ EsitoLettura leggiCsv(const QString& percorso)
 {
     QFile file(percorso);
     if (!file.open(QIODevice::ReadOnly))
-        return { std::nullopt, QStringLiteral("Impossibile aprire il file: ") + percorso };
-    const QByteArray dati = file.readAll();
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString testo = utf8.decode(dati);
-    if (utf8.hasError())
-        testo = QString::fromLatin1(dati); // older downloads are in the Windows code page
-    if (testo.startsWith(QChar(0xFEFF)))
-        testo.remove(0, 1);
-    QStringList righe = testo.split(QLatin1Char('\n'));
+        return { std::nullopt, QStringLiteral("Impossibile aprire il file: ") + percorso, {} };
+    QString errore;
+    const auto testo = decodificaTesto(file.readAll(), percorso, errore);
+    if (!testo)
+        return { std::nullopt, errore, {} };
+    const QStringList righe = testo->split(QLatin1Char('\n'));
     Celle celle;
+    QList<int> numeri;
     QChar separatore = QLatin1Char(',');
     bool prima = true;
-    for (QString riga : righe) {
+    for (int n = 0; n < righe.size(); ++n) {
+        QString riga = righe.at(n);
         if (riga.endsWith(QLatin1Char('\r')))
             riga.chop(1);
         if (riga.trimmed().isEmpty())
@@ -90,20 +141,21 @@ EsitoLettura leggiCsv(const QString& percorso)
             separatore = QLatin1Char(';');
         prima = false;
         celle << dividiRigaCsv(riga, separatore);
+        numeri << n + 1;
     }
     if (celle.isEmpty())
-        return { std::nullopt, QStringLiteral("Il file è vuoto: ") + percorso };
-    return { celle, {} };
+        return { std::nullopt, QStringLiteral("Il file è vuoto: ") + percorso, {} };
+    return { celle, {}, numeri };
 }
 
 EsitoLettura leggiFoglioXls(const QString& percorso, const QString& foglio)
 {
     ChiudiXls xls;
     if (freexl_open(QFile::encodeName(percorso).constData(), &xls.handle) != FREEXL_OK)
-        return { std::nullopt, QStringLiteral("Impossibile leggere il file Excel: ") + percorso };
+        return { std::nullopt, QStringLiteral("Impossibile leggere il file Excel: ") + percorso, {} };
     unsigned int fogli = 0;
     if (freexl_get_info(xls.handle, FREEXL_BIFF_SHEET_COUNT, &fogli) != FREEXL_OK)
-        return { std::nullopt, QStringLiteral("Impossibile leggere il file Excel: ") + percorso };
+        return { std::nullopt, QStringLiteral("Impossibile leggere il file Excel: ") + percorso, {} };
     // The old reader took "name$"; accept the name with or without the dollar.
     QString cercato = foglio.trimmed();
     if (cercato.endsWith(QLatin1Char('$')))
@@ -116,13 +168,14 @@ EsitoLettura leggiFoglioXls(const QString& percorso, const QString& foglio)
             trovato = static_cast<int>(i);
     }
     if (trovato < 0)
-        return { std::nullopt, QStringLiteral("Foglio non trovato nel file Excel: ") + cercato };
+        return { std::nullopt, QStringLiteral("Foglio non trovato nel file Excel: ") + cercato, {} };
     unsigned int righe = 0;
     unsigned short colonne = 0;
     if (freexl_select_active_worksheet(xls.handle, static_cast<unsigned short>(trovato)) != FREEXL_OK
         || freexl_worksheet_dimensions(xls.handle, &righe, &colonne) != FREEXL_OK)
-        return { std::nullopt, QStringLiteral("Impossibile leggere il foglio: ") + cercato };
+        return { std::nullopt, QStringLiteral("Impossibile leggere il foglio: ") + cercato, {} };
     Celle celle;
+    QList<int> numeri;
     for (unsigned int r = 0; r < righe; ++r) {
         QStringList riga;
         bool vuota = true;
@@ -151,12 +204,14 @@ EsitoLettura leggiFoglioXls(const QString& percorso, const QString& foglio)
             vuota = vuota && testo.isEmpty();
             riga << testo;
         }
-        if (!vuota)
+        if (!vuota) {
             celle << riga;
+            numeri << static_cast<int>(r) + 1;
+        }
     }
     if (celle.isEmpty())
-        return { std::nullopt, QStringLiteral("Il foglio è vuoto: ") + cercato };
-    return { celle, {} };
+        return { std::nullopt, QStringLiteral("Il foglio è vuoto: ") + cercato, {} };
+    return { celle, {}, numeri };
 }
 
 EsitoLettura leggiFileCodici(const QString& percorso, const QString& foglio)
@@ -190,9 +245,7 @@ std::optional<QList<RigaCodice>> righeCodici(TabellaCodici tabella, const Celle&
         const QStringList& c = celle.at(i);
         auto cella = [&](int n) { return n < c.size() ? c.at(n).trimmed() : QString(); };
         RigaCodice r { cella(0), cella(1), d.provincia ? cella(2) : QString() };
-        if (r.codice.isEmpty() && r.descrizione.isEmpty())
-            continue;
-        if (tabella == TabellaCodici::Comuni) {
+        if (tabella == TabellaCodici::Comuni && !r.descrizione.isEmpty()) {
             const QString fine = cella(3);
             if (!fine.isEmpty()) {
                 const auto data = leggiData(fine);
@@ -205,6 +258,73 @@ std::optional<QList<RigaCodice>> righeCodici(TabellaCodici tabella, const Celle&
         righe << r;
     }
     return righe;
+}
+
+EsitoRigheCodici controllaRigheCodici(TabellaCodici tabella, const EsitoLettura& lettura, const QString& file)
+{
+    EsitoRigheCodici esito;
+    if (!lettura.celle) {
+        esito.errore = lettura.errore;
+        return esito;
+    }
+    const Celle& celle = *lettura.celle;
+    const DescrizioneTabellaCodici& d = descrizione(tabella);
+    // The first row names the columns; a file without it would lose its first code to the header's place.
+    if (!celle.first().value(0).trimmed().startsWith(QLatin1String("cod"), Qt::CaseInsensitive)) {
+        esito.errore = QStringLiteral("La prima riga non è l'intestazione delle colonne (Codice, Descrizione")
+            + (d.provincia ? QStringLiteral(", Provincia") : QString()) + QStringLiteral("): ") + file;
+        return esito;
+    }
+    const auto righe = righeCodici(tabella, celle);
+    if (!righe) {
+        esito.errore = QStringLiteral("Il file non ha le colonne della tabella ") + QLatin1String(d.parolaCli)
+            + QStringLiteral(": ") + file;
+        return esito;
+    }
+    const schema::Tabella definizione = definizioneTabellaCodici(tabella);
+    const auto dimensione = [&](const QString& campo) {
+        for (const schema::Campo& c : definizione.campi)
+            if (c.nome.compare(campo, Qt::CaseInsensitive) == 0)
+                return c.dimensione;
+        return 0;
+    };
+    const int maxCodice = dimensione(QStringLiteral("Codice"));
+    const int maxDescrizione = dimensione(QLatin1String(d.campoDescrizione));
+    const int maxProvincia = d.provincia ? dimensione(QStringLiteral("Provincia")) : 0;
+    QList<RigaCodice> valide;
+    for (int i = 0; i < righe->size(); ++i) {
+        const RigaCodice& r = righe->at(i);
+        QString motivo;
+        if (r.codice.isEmpty() && r.descrizione.isEmpty())
+            motivo = QStringLiteral("riga senza Codice né Descrizione");
+        else if (r.codice.isEmpty())
+            motivo = QStringLiteral("Codice vuoto");
+        else if (r.descrizione.isEmpty())
+            motivo = QStringLiteral("Descrizione vuota");
+        else if (maxCodice > 0 && r.codice.size() > maxCodice)
+            motivo = QStringLiteral("Codice più lungo di %1 caratteri").arg(maxCodice);
+        else if (maxDescrizione > 0 && r.descrizione.size() > maxDescrizione)
+            motivo = QStringLiteral("Descrizione più lunga di %1 caratteri").arg(maxDescrizione);
+        else if (maxProvincia > 0 && r.provincia.size() > maxProvincia)
+            motivo = QStringLiteral("Provincia più lunga di %1 caratteri").arg(maxProvincia);
+        if (motivo.isEmpty()) {
+            valide << r;
+            continue;
+        }
+        // The rows after the header, as the file numbers its lines.
+        const int riga = i + 1 < lettura.righeFile.size() ? lettura.righeFile.at(i + 1) : i + 2;
+        esito.scartate << QStringLiteral("riga %1: %2").arg(riga).arg(motivo);
+    }
+    if (valide.isEmpty()) {
+        // Emptying a table for nothing is never what the user asked.
+        esito.errore = QStringLiteral("Nessuna riga valida nel file")
+            + (esito.scartate.isEmpty() ? QString() : QStringLiteral(" (") + esito.scartate.first() + QLatin1Char(')'))
+            + QStringLiteral(", la tabella ") + QLatin1String(d.tabella) + QStringLiteral(" non è stata modificata: ")
+            + file;
+        return esito;
+    }
+    esito.righe = valide;
+    return esito;
 }
 
 std::optional<int> scriviRigheCodici(Archivio& archivio, TabellaCodici tabella, const QList<RigaCodice>& righe)
@@ -233,6 +353,19 @@ std::optional<int> scriviRigheCodici(Archivio& archivio, TabellaCodici tabella, 
     if (!transazione.commit())
         return std::nullopt;
     return static_cast<int>(righe.size());
+}
+
+QString testoScartate(const QStringList& scartate)
+{
+    if (scartate.isEmpty())
+        return QString();
+    constexpr int mostrate = 20;
+    QString testo = QStringLiteral("\n\nRighe scartate: ") + QString::number(scartate.size());
+    for (int i = 0; i < scartate.size() && i < mostrate; ++i)
+        testo += QLatin1Char('\n') + scartate.at(i);
+    if (scartate.size() > mostrate)
+        testo += QStringLiteral("\n...");
+    return testo;
 }
 
 ImportazioneTabelle::ImportazioneTabelle(Archivio& archivio, Interazione& interazione)
@@ -276,20 +409,15 @@ bool ImportazioneTabelle::importa(TabellaCodici tabella)
         m_interazione.messaggio(QStringLiteral("Importazione annullata"));
         return false;
     }
-    const EsitoLettura lettura = leggiFileCodici(*file, *foglio);
-    std::optional<QList<RigaCodice>> righe;
-    if (lettura.celle)
-        righe = righeCodici(tabella, *lettura.celle);
-    // A sheet that can't be read leaves the table as it was.
-    if (!righe) {
-        m_interazione.messaggio(lettura.errore.isEmpty() ? QStringLiteral("Il foglio non ha le colonne attese")
-                                                         : lettura.errore,
-                                {}, Interazione::Icona::Critico);
+    const EsitoRigheCodici controllo = controllaRigheCodici(tabella, leggiFileCodici(*file, *foglio), *file);
+    // A sheet that can't be read, or has nothing to put in the table, leaves the table as it was.
+    if (!controllo.righe) {
+        m_interazione.messaggio(controllo.errore, {}, Interazione::Icona::Critico);
         return false;
     }
-    if (!scriviRigheCodici(m_archivio, tabella, *righe))
+    if (!scriviRigheCodici(m_archivio, tabella, *controllo.righe))
         return false;
-    m_interazione.messaggio(QStringLiteral("Importazione Terminata"));
+    m_interazione.messaggio(QStringLiteral("Importazione Terminata") + testoScartate(controllo.scartate));
     return true;
 }
 

@@ -19,6 +19,7 @@ struct EsitoLettura
 {
     std::optional<Celle> celle;
     QString errore; // Italian, when celle is empty
+    QList<int> righeFile; // the line (or sheet row) of each cell row, from 1, for the messages
 };
 
 // The official CSV: comma separated (semicolon accepted), header row, optional double quotes.
@@ -40,6 +41,20 @@ struct RigaCodice
 // nullopt when the sheet has fewer columns than the table needs.
 std::optional<QList<RigaCodice>> righeCodici(TabellaCodici tabella, const Celle& celle);
 QString parolaTipoAlloggiato(const QString& descrizione);
+
+struct EsitoRigheCodici
+{
+    std::optional<QList<RigaCodice>> righe; // nullopt: the file must not replace the table, see errore
+    QString errore;
+    QStringList scartate; // one line per row left out, with its reason: "riga 12: Codice vuoto"
+};
+
+// Everything checked before the table is touched: the reading, the header, the columns, each row (empty code
+// or description, a field longer than the table takes). Rows that fail are reported and left out; a file with
+// no valid row is refused.
+EsitoRigheCodici controllaRigheCodici(TabellaCodici tabella, const EsitoLettura& lettura, const QString& file);
+// The report of the rows left out, for the end-of-import message (empty when none).
+QString testoScartate(const QStringList& scartate);
 
 // Empties the table and writes the rows, all or nothing. Returns the rows written, nullopt on failure.
 std::optional<int> scriviRigheCodici(Archivio& archivio, TabellaCodici tabella, const QList<RigaCodice>& righe);

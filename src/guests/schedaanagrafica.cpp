@@ -4,9 +4,14 @@
 #include "foundation/formati.h"
 #include "foundation/interazione.h"
 #include "foundation/orologio.h"
+#include "foundation/permessi.h"
 #include "foundation/routines.h"
 #include "foundation/schema/definizione.h"
+#include "foundation/schema/tabelle.h"
+#include "foundation/sessione.h"
+#include "foundation/utenti.h"
 #include "guests/controlli.h"
+#include "guests/limiticampi.h"
 #include "guests/provinceesigle.h"
 
 #include <QSqlRecord>
@@ -36,12 +41,73 @@ SchedaAnagrafica::SchedaAnagrafica(Archivio& archivio, Interazione& interazione,
 {
 }
 
+SchedaAnagrafica::SchedaAnagrafica(Sessione& sessione, Archivio& archivio)
+    : SchedaAnagrafica(archivio, sessione.interazione, sessione.orologio)
+{
+    const PermessiUtente& p = *sessione.permessi;
+    m_soloLettura
+        = !utenti::eAmministratore(sessione.UtenteCollegato) && p.soloLettura(&PermessiUtente::AnagraficheSoloLettura);
+}
+
+bool SchedaAnagrafica::rifiutaSoloLettura()
+{
+    if (!m_soloLettura)
+        return false;
+    m_interazione.messaggio(QStringLiteral("Attenzione, l'utente può solo consultare le anagrafiche!"));
+    return true;
+}
+
+// Texts that don't fit their fields, and dates that are no dates, are refused before anything is written.
+bool SchedaAnagrafica::controllaTesti()
+{
+    const Anagrafica& d = m_dati;
+    static const schema::Tabella tabella = schema::TabellaAnagrafiche();
+    const auto lungo = primoTestoTroppoLungo(tabella,
+                                             { { QStringLiteral("CodiceAnagrafica"), d.CodiceAnagrafica },
+                                               { QStringLiteral("RagSociale"), d.RagSociale },
+                                               { QStringLiteral("Nome"), d.Nome },
+                                               { QStringLiteral("Cognome"), d.Cognome },
+                                               { QStringLiteral("Indirizzo"), d.Indirizzo },
+                                               { QStringLiteral("Cap"), d.Cap },
+                                               { QStringLiteral("Comune"), d.Comune },
+                                               { QStringLiteral("Provincia"), d.Provincia },
+                                               { QStringLiteral("Piva"), d.Piva },
+                                               { QStringLiteral("CodiceFiscale"), d.CodiceFiscale },
+                                               { QStringLiteral("Cellulare"), d.Cellulare },
+                                               { QStringLiteral("Telefono"), d.Telefono },
+                                               { QStringLiteral("Fax"), d.Fax },
+                                               { QStringLiteral("Email"), d.Email },
+                                               { QStringLiteral("Web"), d.Web },
+                                               { QStringLiteral("TipoDocumento"), d.TipoDocumento },
+                                               { QStringLiteral("NroDocumento"), d.NroDocumento },
+                                               { QStringLiteral("LuogoNascita"), d.LuogoNascita },
+                                               { QStringLiteral("Cittadinanza"), d.Cittadinanza },
+                                               { QStringLiteral("Nazione"), d.Nazione },
+                                               { QStringLiteral("StatoDiNascita"), d.StatoDiNascita },
+                                               { QStringLiteral("LuogoDocumento"), d.LuogoDocumento },
+                                               { QStringLiteral("ProvinciaDiNascita"), d.ProvinciaDiNascita },
+                                               { QStringLiteral("ResidenzaIstat"), d.ResidenzaIstat } });
+    if (lungo) {
+        m_interazione.messaggio(messaggioTestoTroppoLungo(*lungo));
+        return false;
+    }
+    for (const QString* data : { &d.DataNascita, &d.DataDocumento }) {
+        if (!data->trimmed().isEmpty() && !leggiData(*data)) {
+            m_interazione.messaggio(QStringLiteral("La data non è corretta"), QStringLiteral("DATA"),
+                                    Interazione::Icona::Critico);
+            return false;
+        }
+    }
+    return true;
+}
+
 bool SchedaAnagrafica::carica(qint64 indice)
 {
     const auto a = caricaAnagrafica(m_archivio, indice);
     if (!a)
         return false;
     m_dati = *a;
+    m_originale = m_dati;
     caricaSoggiorni();
     caricaSpiaggia();
     return true;
@@ -50,6 +116,7 @@ bool SchedaAnagrafica::carica(qint64 indice)
 void SchedaAnagrafica::PulisciCampi()
 {
     m_dati = Anagrafica();
+    m_originale = m_dati;
     m_soggiorni.clear();
     m_spiaggia.clear();
 }
@@ -58,11 +125,24 @@ void SchedaAnagrafica::Nuovo_Click()
 {
     PulisciCampi();
     m_dati.CodiceAnagrafica = ProssimoCodiceAnagrafica(m_archivio);
+    // A proposed code alone is nothing to save.
+    m_originale = m_dati;
 }
 
 bool SchedaAnagrafica::Registra_Click()
 {
+    if (rifiutaSoloLettura())
+        return false;
     Anagrafica& d = m_dati;
+    // A text the archive cannot hold, or a write that failed, takes back what the save filled in: no code shows
+    // as if saved. The screen's own refusals leave the proposal, as the desk knows it.
+    const QString codiceDigitato = d.CodiceAnagrafica;
+    const QString nomeDigitato = d.RagSociale;
+    const auto annulla = [&] {
+        d.CodiceAnagrafica = codiceDigitato;
+        d.RagSociale = nomeDigitato;
+        return false;
+    };
     if (!d.CodiceAnagrafica.isEmpty()) {
         if (!ControllaCodiceAnagrafica(m_archivio, m_interazione, d.CodiceAnagrafica, d.Indice))
             return false;
@@ -75,6 +155,8 @@ bool SchedaAnagrafica::Registra_Click()
     }
     if (d.RagSociale.isEmpty())
         d.RagSociale = d.Cognome + QLatin1Char(' ') + d.Nome;
+    if (!controllaTesti())
+        return annulla();
     // An edit to another card's name is refused too: two cards never share a name through this screen.
     const auto omonimo = m_archivio.riga(QStringLiteral("SELECT Indice FROM TabellaAnagrafiche WHERE RagSociale = ?"),
                                          { d.RagSociale });
@@ -97,15 +179,18 @@ bool SchedaAnagrafica::Registra_Click()
     }
     Anagrafica daScrivere = d;
     Transazione transazione(m_archivio);
-    if (!scriviAnagrafica(m_archivio, daScrivere) || !transazione.commit())
-        return false;
+    if (!transazione.attiva() || !scriviAnagrafica(m_archivio, daScrivere) || !transazione.commit())
+        return annulla();
     d.Indice = daScrivere.Indice;
+    m_originale = d;
     operazioneEffettuata(m_interazione);
     return true;
 }
 
 bool SchedaAnagrafica::Cancella_Click()
 {
+    if (rifiutaSoloLettura())
+        return false;
     if (m_dati.Indice == 0) {
         m_interazione.messaggio(QStringLiteral("Attenzione, selezionare l'anagrafica da cancellare!"));
         return false;
@@ -123,6 +208,30 @@ bool SchedaAnagrafica::Cancella_Click()
     PulisciCampi();
     operazioneEffettuata(m_interazione);
     return true;
+}
+
+bool SchedaAnagrafica::Fine_Click()
+{
+    if (!modificata() || m_soloLettura)
+        return true;
+    if (!m_interazione.domandaSiNo(QStringLiteral("Salvare le modifiche apportate?")))
+        return true;
+    return Registra_Click();
+}
+
+QList<VoceElencoAnagrafiche> SchedaAnagrafica::elenco(const QString& filtro)
+{
+    const QString f = QLatin1Char('%') + filtro.trimmed() + QLatin1Char('%');
+    QList<VoceElencoAnagrafiche> voci;
+    const auto righe = m_archivio.righe(
+        QStringLiteral("SELECT Indice, CodiceAnagrafica, RagSociale, Comune, DataNascita FROM TabellaAnagrafiche "
+                       "WHERE Indice > 0 AND (RagSociale LIKE ? OR CodiceAnagrafica LIKE ? OR Comune LIKE ?) "
+                       "ORDER BY RagSociale LIMIT 500"),
+        { f, f, f });
+    for (const QSqlRecord& r : righe)
+        voci.append({ r.value(0).toLongLong(), r.value(1).toString(), r.value(2).toString(), r.value(3).toString(),
+                      testoDataArchivio(r.value(4)) });
+    return voci;
 }
 
 bool SchedaAnagrafica::ControllaEsistenzaAnagrafica()

@@ -11,6 +11,7 @@ namespace tomvera {
 class Archivio;
 class Interazione;
 class Orologio;
+struct Sessione;
 
 // A municipality offered by the completion of the residence, birth or document place.
 struct ComuneProposto
@@ -48,6 +49,13 @@ struct PrenotazioneSpiaggiaOspite
     double totale = 0, incassato = 0;
 };
 
+// A line of the guest list that "Cerca" opens.
+struct VoceElencoAnagrafiche
+{
+    qint64 indice = 0;
+    QString codice, ragSociale, comune, dataNascita;
+};
+
 // F_SchedaAnagrafica, "Scheda Anagrafica": the guest and customer card.
 class SchedaAnagrafica
 {
@@ -65,7 +73,15 @@ public:
         Provincia
     };
 
+    // No user rights: the tools and the read-only look-ups.
     SchedaAnagrafica(Archivio& archivio, Interazione& interazione, const Orologio& orologio);
+    // The screen of a logged-in user: AnagraficheSoloLettura refuses save and delete.
+    SchedaAnagrafica(Sessione& sessione, Archivio& archivio);
+
+    bool soloLettura() const { return m_soloLettura; }
+    Interazione& interazione() { return m_interazione; }
+    // Something typed since the card was loaded, cleared or saved.
+    bool modificata() const { return !(m_dati == m_originale); }
 
     Anagrafica& dati() { return m_dati; }
     const Anagrafica& dati() const { return m_dati; }
@@ -78,6 +94,11 @@ public:
     void Nuovo_Click();
     bool Registra_Click();
     bool Cancella_Click();
+    // Esci and Escape: with unsaved changes asks "Salvare le modifiche apportate?" and saves on Yes. True when
+    // the card may close.
+    bool Fine_Click();
+    // The guest list of "Cerca": cards whose name, code or town contain the text, by name.
+    QList<VoceElencoAnagrafiche> elenco(const QString& filtro);
 
     // On leaving the name fields of a new card: offers to load a card with the same name. True when loaded.
     bool ControllaEsistenzaAnagrafica();
@@ -127,10 +148,15 @@ private:
     void caricaSpiaggia();
     QList<ComuneProposto> comuni(const QString& sql, const QVariantList& parametri);
 
+    bool rifiutaSoloLettura();
+    bool controllaTesti();
+
     Archivio& m_archivio;
     Interazione& m_interazione;
     const Orologio& m_orologio;
+    bool m_soloLettura = false;
     Anagrafica m_dati;
+    Anagrafica m_originale; // as loaded or saved: what "modified" compares with
     QList<SoggiornoOspite> m_soggiorni;
     QList<PrenotazioneSpiaggiaOspite> m_spiaggia;
 };

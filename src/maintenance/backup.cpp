@@ -8,9 +8,11 @@
 #include "foundation/utenticollegati.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <sqlite3.h>
 
 namespace tomvera::backup {
@@ -30,24 +32,40 @@ void rimuoviGiornale(const QString& percorsoDB)
     QFile::remove(percorsoDB + QStringLiteral("-journal"));
 }
 
-// Holds at least one table: SQLite takes a tiny or empty file for an empty database, and restoring one
-// would replace the data with nothing.
-bool contieneTabelle(const QString& percorso)
+// The tables of an SQLite file, read without writing to it (empty when it doesn't open as a database).
+// A file left with a crash's journal can only be read by a connection allowed to roll that journal back.
+QStringList tabelleDi(const QString& percorso)
 {
-    sqlite3* db = nullptr;
+    QStringList tabelle;
     const QByteArray nome = QFileInfo(percorso).absoluteFilePath().toUtf8();
-    bool tabelle = false;
-    if (sqlite3_open_v2(nome.constData(), &db, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
-        sqlite3_busy_timeout(db, 5000);
-        sqlite3_stmt* istruzione = nullptr;
-        if (sqlite3_prepare_v2(db, "SELECT count(*) FROM sqlite_master WHERE type = 'table'", -1, &istruzione, nullptr)
-                == SQLITE_OK
-            && sqlite3_step(istruzione) == SQLITE_ROW)
-            tabelle = sqlite3_column_int(istruzione, 0) > 0;
-        sqlite3_finalize(istruzione);
+    for (const int modo : { SQLITE_OPEN_READONLY, SQLITE_OPEN_READWRITE }) {
+        sqlite3* db = nullptr;
+        int esito = sqlite3_open_v2(nome.constData(), &db, modo, nullptr);
+        if (esito == SQLITE_OK) {
+            sqlite3_busy_timeout(db, 5000);
+            sqlite3_stmt* istruzione = nullptr;
+            esito = sqlite3_prepare_v2(db, "SELECT name FROM sqlite_master WHERE type = 'table'", -1, &istruzione,
+                                       nullptr);
+            while (esito == SQLITE_OK && sqlite3_step(istruzione) == SQLITE_ROW)
+                tabelle << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(istruzione, 0)));
+            if (esito == SQLITE_OK)
+                esito = sqlite3_finalize(istruzione);
+            else
+                sqlite3_finalize(istruzione);
+        }
+        sqlite3_close(db);
+        if (esito == SQLITE_OK || (esito & 0xff) != SQLITE_READONLY)
+            break;
+        tabelle.clear();
     }
-    sqlite3_close(db);
     return tabelle;
+}
+
+bool intestazioneSQLite(const QString& percorso)
+{
+    QFile f(percorso);
+    static const QByteArray intestazione("SQLite format 3", 16);
+    return f.open(QIODevice::ReadOnly) && f.read(intestazione.size()) == intestazione;
 }
 
 } // namespace
@@ -59,28 +77,36 @@ QString nomeFileBackup(const QDate& giorno)
 
 QDate dataDaNomeBackup(const QString& nomeFile)
 {
-    QString testo = nomeFile.left(nomeFile.size() - 4);
-    auto data = leggiData(testo);
-    if (!data) {
-        // The date mask: six digits read as ##/##/##, eight as ##/##/####.
-        if (testo.size() == 6)
-            testo = testo.left(2) + QLatin1Char('/') + testo.mid(2, 2) + QLatin1Char('/') + testo.mid(4);
-        else if (testo.size() == 8)
-            testo = testo.left(2) + QLatin1Char('/') + testo.mid(2, 2) + QLatin1Char('/') + testo.mid(4);
-        data = leggiData(testo);
+    const QString testo = nomeFile.left(nomeFile.size() - 4);
+    static const QRegularExpression cifre(QStringLiteral("^(\\d{2})(\\d{2})(\\d{2}|\\d{4})$"));
+    if (const auto m = cifre.match(testo); m.hasMatch()) {
+        // A backup is never older than the program: two digits of year are this century, also from 2030 on,
+        // where the date mask would read 19xx and the retention pass would delete the newest copies first.
+        int anno = m.captured(3).toInt();
+        if (m.captured(3).size() == 2)
+            anno += 2000;
+        return QDate(anno, m.captured(2).toInt(), m.captured(1).toInt());
     }
+    const auto data = leggiData(testo);
     return data ? *data : QDate();
 }
 
-QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere)
+int numeroDaMantenere(int impostato)
+{
+    return impostato > 0 ? impostato : Configurazione::BackupDaMantenerePredefiniti;
+}
+
+QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere, const QString& protetto)
 {
     QStringList lista = nomiFile;
     QStringList daCancellare;
     const QDate sentinella(3000, 1, 1);
-    while (lista.size() > std::max(daMantenere, 0)) {
+    while (lista.size() > std::max(daMantenere, 1)) {
         QDate piuVecchia = sentinella;
         int indice = -1;
         for (int i = 0; i < lista.size(); ++i) {
+            if (!protetto.isEmpty() && lista.at(i).compare(protetto, Qt::CaseInsensitive) == 0)
+                continue;
             const QDate data = dataDaNomeBackup(lista.at(i));
             if (data.isValid() && data < piuVecchia) {
                 piuVecchia = data;
@@ -94,16 +120,46 @@ QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere)
     return daCancellare;
 }
 
-bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore)
+QString verificaArchivioTomvera(const QString& percorso)
+{
+    const QFileInfo file(percorso);
+    const QString nome = QDir::toNativeSeparators(file.absoluteFilePath());
+    if (!file.isFile())
+        return QStringLiteral("File non trovato: ") + nome;
+    if (file.size() == 0)
+        return QStringLiteral("Il file è vuoto (0 byte), non è un archivio di Tomvera: ") + nome;
+    if (!intestazioneSQLite(percorso))
+        return QStringLiteral("Il file non è un archivio di Tomvera: ") + nome;
+    const QStringList tabelle = tabelleDi(percorso);
+    const auto contiene
+        = [&](const char* tabella) { return tabelle.contains(QLatin1String(tabella), Qt::CaseInsensitive); };
+    if (!contiene("TabellaVersione") && contiene("TabellaCamereSky"))
+        return QStringLiteral("Il file è l'archivio della pay-TV (ArchivioSky), non un archivio di Tomvera: ") + nome;
+    for (const char* chiave : { "TabellaVersione", "Configurazioni", "TabellaStrutturaCamere", "TabellaPrenotazioni" })
+        if (!contiene(chiave))
+            return QStringLiteral("Il file non è un archivio di Tomvera (manca la tabella ") + QLatin1String(chiave)
+                + QStringLiteral("): ") + nome;
+    return QString();
+}
+
+bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore, bool privata)
 {
     if (!QFileInfo(sorgente).isFile()) {
         if (errore)
             *errore = QStringLiteral("Archivio non trovato");
         return false;
     }
+    // An empty file made beforehand keeps its owner-only permissions through the copy.
+    if (privata && !piattaforma::creaFilePrivato(destinazione)) {
+        if (errore)
+            *errore = QStringLiteral("Impossibile creare il file ") + QDir::toNativeSeparators(destinazione);
+        return false;
+    }
     sqlite3* db = nullptr;
     const QByteArray percorso = QFileInfo(sorgente).absoluteFilePath().toUtf8();
-    int esito = sqlite3_open_v2(percorso.constData(), &db, SQLITE_OPEN_READONLY, nullptr);
+    // Read-write, so that a journal left by a crash is rolled back before the copy reads the pages: the copy
+    // then holds committed data only. A file that can't be written is opened read-only by the engine itself.
+    int esito = sqlite3_open_v2(percorso.constData(), &db, SQLITE_OPEN_READWRITE, nullptr);
     if (esito == SQLITE_OK) {
         // A writer committing at this moment holds the file for milliseconds: wait for it.
         sqlite3_busy_timeout(db, 10000);
@@ -159,11 +215,11 @@ QString EseguiCopiaBackup(const QString& percorsoDB, const QString& cartella, co
     return destinazione;
 }
 
-QStringList CancellaFile(const QString& cartella, int daMantenere)
+QStringList CancellaFile(const QString& cartella, int daMantenere, const QDate& oggi)
 {
     const QDir dir(cartella);
     const QStringList nomi = dir.entryList({ QStringLiteral("*.mdb") }, QDir::Files, QDir::Name);
-    const QStringList daCancellare = backupDaCancellare(nomi, daMantenere);
+    const QStringList daCancellare = backupDaCancellare(nomi, daMantenere, nomeFileBackup(oggi));
     QStringList cancellati;
     for (const QString& nome : daCancellare) {
         if (QFile::remove(dir.filePath(nome)))
@@ -178,7 +234,7 @@ Impostazioni impostazioniDa(const Configurazione& configurazione)
     impostazioni.salvataggioAutomatico = configurazione.SalvataggioAutomatico;
     impostazioni.cartellaAutomatica = piattaforma::percorsoLocale(configurazione.PercorsoBackupAutomatico);
     impostazioni.cartellaManuale = piattaforma::percorsoLocale(configurazione.PercorsoBackup);
-    impostazioni.daMantenere = configurazione.NumeroBackupDaMantenere;
+    impostazioni.daMantenere = numeroDaMantenere(configurazione.NumeroBackupDaMantenere);
     return impostazioni;
 }
 
@@ -203,7 +259,19 @@ Manutenzione::Manutenzione(Interazione& interazione, QString percorsoDB, QString
 
 QString Manutenzione::percorsoCopia() const
 {
-    return QDir(m_cartellaLavoro).filePath(nomeCopia);
+    return m_ultimaCopia;
+}
+
+QString Manutenzione::nuovaCopiaDiSicurezza() const
+{
+    // Dated to the second, and never the name of an earlier one: a second restore keeps the first's copy.
+    const QString base
+        = QStringLiteral("copia_") + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"));
+    const QDir cartella(m_cartellaLavoro);
+    QString nome = cartella.filePath(base + QStringLiteral(".mdb"));
+    for (int n = 2; QFileInfo::exists(nome); ++n)
+        nome = cartella.filePath(base + QLatin1Char('_') + QString::number(n) + QStringLiteral(".mdb"));
+    return nome;
 }
 
 bool Manutenzione::ControllaSalvataggioAutomatico(const Impostazioni& impostazioni, const QDate& oggi)
@@ -218,7 +286,7 @@ bool Manutenzione::ControllaSalvataggioAutomatico(const Impostazioni& impostazio
     QCoreApplication::processEvents();
     const bool fatto
         = !EseguiCopiaBackup(m_percorsoDB, impostazioni.cartellaAutomatica, nome, m_cartellaLavoro).isEmpty();
-    CancellaFile(impostazioni.cartellaAutomatica, impostazioni.daMantenere);
+    CancellaFile(impostazioni.cartellaAutomatica, impostazioni.daMantenere, oggi);
     return fatto;
 }
 
@@ -270,9 +338,14 @@ bool Manutenzione::RipristinaDb(const QString& fileBackup)
         return false;
     }
     const QString problemi = QStringLiteral("Problemi nella procedura di ripristino ... ripristino non effettuato");
-    // A file that isn't an archive would replace the data with nothing.
-    if (!QFileInfo(fileBackup).isFile() || !contieneTabelle(fileBackup)) {
+    if (!QFileInfo(fileBackup).isFile()) {
         m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+        return false;
+    }
+    // Another program's file, or an empty one, would replace the hotel's data with nothing.
+    if (const QString estraneo = verificaArchivioTomvera(fileBackup); !estraneo.isEmpty()) {
+        m_interazione.messaggio(estraneo + QStringLiteral("\nRipristino non effettuato"), {},
+                                Interazione::Icona::Critico);
         return false;
     }
     if (m_occupato && m_occupato(m_percorsoDB)) {
@@ -283,27 +356,35 @@ bool Manutenzione::RipristinaDb(const QString& fileBackup)
     }
     Archivio::chiudiConnessioni(m_percorsoDB);
     QDir().mkpath(m_cartellaLavoro);
-    const QString copia = percorsoCopia();
-    rimuoviSilenzioso(copia);
-    if (QFileInfo::exists(m_percorsoDB) && !QFile::copy(m_percorsoDB, copia)) {
-        m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
-        return false;
+    const bool esisteArchivio = QFileInfo::exists(m_percorsoDB);
+    const QFileDevice::Permissions permessi = QFile::permissions(m_percorsoDB);
+    // The safety copy goes through the engine, after it has rolled back whatever a crash left half written.
+    QString copia;
+    if (esisteArchivio) {
+        copia = nuovaCopiaDiSicurezza();
+        if (!copiaCompattata(m_percorsoDB, copia, nullptr, true)) {
+            m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+            return false;
+        }
+        m_ultimaCopia = copia;
     }
     const QString provvisorio = m_percorsoDB + QStringLiteral(".ripristino");
     rimuoviSilenzioso(provvisorio);
-    if (!QFile::copy(fileBackup, provvisorio)) {
-        rimuoviSilenzioso(provvisorio);
+    if (!copiaCompattata(fileBackup, provvisorio)) {
         m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
         return false;
     }
     rimuoviSilenzioso(m_percorsoDB);
     rimuoviGiornale(m_percorsoDB);
     if (!QFile::rename(provvisorio, m_percorsoDB)) {
-        QFile::copy(copia, m_percorsoDB);
+        if (esisteArchivio && !QFileInfo::exists(m_percorsoDB))
+            copiaCompattata(copia, m_percorsoDB);
         rimuoviSilenzioso(provvisorio);
         m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
         return false;
     }
+    if (esisteArchivio)
+        QFile::setPermissions(m_percorsoDB, permessi);
     m_interazione.messaggio(QStringLiteral("Procedura terminata, riavviare il programma"));
     return true;
 }

@@ -15,15 +15,22 @@ struct Configurazione;
 namespace backup {
 
 QString nomeFileBackup(const QDate& giorno);
-// The day a backup's name stands for; invalid when the name is no date.
+// The day a backup's name stands for; invalid when the name is no date. Two digits of year are 20yy.
 QDate dataDaNomeBackup(const QString& nomeFile);
-// The files to delete so that `daMantenere` remain: the oldest dated ones first; undated names are never
-// deleted but still count, as in the folder's list.
-QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere);
+// The number of copies the retention pass keeps for a setting: a setting below one means the default.
+int numeroDaMantenere(int impostato);
+// The files to delete so that `daMantenere` (at least one) remain: the oldest dated ones first. Undated names
+// and `protetto` (today's copy) are never deleted but still count, as in the folder's list.
+QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere, const QString& protetto = {});
 
-// A consistent compacted copy of a live archive (SQLite's VACUUM INTO), safe while others write.
-// The destination must not exist. False with the engine's message in `errore`.
-bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore = nullptr);
+// A consistent compacted copy of a live archive (SQLite's VACUUM INTO), safe while others write, made after
+// rolling back a journal left by a crash. The destination must not exist; `privata` creates it readable by
+// the owner only. False with the engine's message in `errore`.
+bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore = nullptr,
+                     bool privata = false);
+// "" when the file is an archive of this program, else the Italian reason: missing, empty, not a database,
+// another program's database (the pay-TV archive included), or without the key tables.
+QString verificaArchivioTomvera(const QString& percorso);
 // Moves a file, also across file systems.
 bool spostaFile(const QString& da, const QString& a);
 
@@ -32,15 +39,15 @@ bool spostaFile(const QString& da, const QString& a);
 QString EseguiCopiaBackup(const QString& percorsoDB, const QString& cartella, const QString& nomeFile,
                           const QString& cartellaLavoro);
 
-// Holds the folder to `daMantenere` backups; returns the files deleted.
-QStringList CancellaFile(const QString& cartella, int daMantenere);
+// Holds the folder to `daMantenere` backups, never deleting the copy of `oggi`; returns the files deleted.
+QStringList CancellaFile(const QString& cartella, int daMantenere, const QDate& oggi);
 
 struct Impostazioni
 {
     bool salvataggioAutomatico = false;
     QString cartellaAutomatica;
     QString cartellaManuale;
-    int daMantenere = 0;
+    int daMantenere = 7;
 };
 
 // The backup settings of the run, or of the archive's Configurazioni row (defaults when unreadable).
@@ -72,19 +79,24 @@ public:
     };
     QString EseguiBackup(const QString& cartella, const QDate& oggi, Origine origine);
 
-    // Restores a backup over the archive, keeping the live file as copia.mdb. True: the program must restart.
+    // Restores a backup over the archive, keeping the live data as a dated safety copy
+    // (copia_yyyyMMdd_HHmmss.mdb in the work folder). True: the program must restart.
     bool RipristinaDb(const QString& fileBackup);
 
     // "Ottimizzazione Archivio": compacts the live archive in place.
     bool OttimizzazioneArchivio();
 
+    // The safety copy made by the last restore; empty before one.
     QString percorsoCopia() const;
 
 private:
+    QString nuovaCopiaDiSicurezza() const;
+
     Interazione& m_interazione;
     QString m_percorsoDB;
     QString m_cartellaLavoro;
     ArchivioOccupato m_occupato;
+    QString m_ultimaCopia;
 };
 
 } // namespace backup

@@ -3,10 +3,14 @@
 #include "foundation/archivio.h"
 #include "foundation/configurazione.h"
 #include "foundation/routines.h"
+#include "foundation/schema/definizione.h"
+#include "foundation/schema/tabelle.h"
 #include "foundation/sessione.h"
 #include "pricelists/schermolistino.h"
 
 #include <QSqlRecord>
+#include <algorithm>
+#include <tuple>
 
 namespace tomvera::prezzi {
 
@@ -41,6 +45,23 @@ bool SchermoListinoAccessori::Ins_Click()
         avvisa(m_sessione.interazione, QStringLiteral("Attenzione, inserire una descrizione!"));
         Focus = QStringLiteral("Descrizione");
         return false;
+    }
+    // Stored with apostrophes doubled: a text that then exceeds its field would be refused by the engine and
+    // the row lost without a word.
+    const schema::Tabella tabella = schema::TabellaListinoAccessori();
+    for (const auto& [campo, valore, genere] :
+         { std::tuple { "Tipo", &Tipo, "lungo" }, std::tuple { "Descrizione", &Descrizione, "lunga" } }) {
+        const QString nome = QLatin1String(campo);
+        const auto definito = std::find_if(tabella.campi.cbegin(), tabella.campi.cend(),
+                                           [&](const schema::Campo& c) { return c.nome == nome; });
+        if (definito != tabella.campi.cend() && RaddoppiaApici(*valore).size() > definito->dimensione) {
+            avvisa(m_sessione.interazione,
+                   QStringLiteral("Attenzione, ") + nome + QStringLiteral(" più ") + QLatin1String(genere)
+                       + QStringLiteral(" di ") + QString::number(definito->dimensione)
+                       + QStringLiteral(" caratteri!"));
+            Focus = nome;
+            return false;
+        }
     }
     if (!controllaPrezzoIva(m_sessione, Prezzo, Iva, Focus))
         return false;

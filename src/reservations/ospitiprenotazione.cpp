@@ -4,9 +4,15 @@
 #include "foundation/formati.h"
 #include "foundation/interazione.h"
 #include "foundation/orologio.h"
+#include "foundation/permessi.h"
+#include "foundation/routines.h"
+#include "foundation/schema/tabelle.h"
 #include "foundation/sessione.h"
+#include "foundation/utenti.h"
 #include "foundation/variabili.h"
 #include "guests/anagrafiche.h"
+#include "guests/limiticampi.h"
+#include "guests/provinceesigle.h"
 #include "guests/schedaanagrafica.h"
 #include "guests/tabellecodici.h"
 #include "pricelists/calcoloprezzi.h"
@@ -182,7 +188,11 @@ bool SchedaPrenotazione::AggiungiCliente()
         return false;
     }
     const auto esistente = indiceCliente > 0 ? caricaAnagrafica(m_archivio, indiceCliente) : std::nullopt;
-    if (esistente && NonModificareDatiCliente)
+    // A user who may only read the registry books the guest as typed, like "Non Aggiornare Anagrafica".
+    const PermessiUtente& permessi = *m_sessione.permessi;
+    const bool schedeInSolaLettura = !utenti::eAmministratore(m_sessione.UtenteCollegato)
+        && permessi.soloLettura(&PermessiUtente::AnagraficheSoloLettura);
+    if (esistente && (NonModificareDatiCliente || schedeInSolaLettura))
         return true;
     Anagrafica scheda = esistente.value_or(Anagrafica());
     for (const auto& [campoScheda, campoRiga] : campiScheda())
@@ -229,10 +239,24 @@ void SchedaPrenotazione::Command4_Click()
             return;
         }
     }
-    if (Cliente.RagSociale().trimmed().isEmpty())
+    if (!controllaTestiCliente())
+        return;
+    const bool ragSocialeDigitata = !Cliente.RagSociale().trimmed().isEmpty();
+    if (!ragSocialeDigitata)
         Cliente.imposta(QStringLiteral("RagSociale"),
                         QString(Cliente.testo(QStringLiteral("Cognome")) + QLatin1Char(' ')
                                 + Cliente.testo(QStringLiteral("Nome"))));
+    // A refusal from here on leaves the line as typed: the composed name would make it a different guest.
+    const auto annullaNome = [&] {
+        if (!ragSocialeDigitata)
+            Cliente.imposta(QStringLiteral("RagSociale"), QString());
+    };
+    if (Cliente.RagSociale().size() > dimensioneCampoAnagrafica(QStringLiteral("RagSociale"))) {
+        interazione().messaggio(messaggioTestoTroppoLungo(
+            { QStringLiteral("RagSociale"), dimensioneCampoAnagrafica(QStringLiteral("RagSociale")) }));
+        annullaNome();
+        return;
+    }
     if (tipoalloggiato::seguace(tipo)) {
         const auto capo = ControllaEsistenzaCapogruppoFamiglia(
             GrigliaAnagrafiche, tipo,
@@ -241,6 +265,7 @@ void SchedaPrenotazione::Command4_Click()
             interazione().messaggio(QStringLiteral("Attenzione, impossibile inserire un ") + tipo
                                     + QStringLiteral(" in quanto non esiste nessun ") + tipoalloggiato::tipoCapo(tipo)
                                     + QStringLiteral(" con la stessa data di arrivo nella prenotazione!"));
+            annullaNome();
             return;
         }
         // A member left without a head chosen belongs to the one that arrives with it.
@@ -255,19 +280,26 @@ void SchedaPrenotazione::Command4_Click()
             && ControllaAnagraficheAssociate(GrigliaAnagrafiche, vecchia.RagSociale(), selezionata)) {
             interazione().messaggio(
                 QStringLiteral("Impossibile modificare l'anagrafica in quanto ha delle anagrafiche già associate!"));
+            annullaNome();
             return;
         }
     }
     const qint64 indiceCliente = Cliente.valore(QStringLiteral("IndiceCliente")).toLongLong();
     const QString codice = Cliente.testo(QStringLiteral("CodiceAnagrafica"));
     if (!codice.isEmpty()) {
-        if (!ControllaCodiceAnagrafica(m_archivio, interazione(), codice, indiceCliente))
+        if (!ControllaCodiceAnagrafica(m_archivio, interazione(), codice, indiceCliente)) {
+            annullaNome();
             return;
+        }
     } else {
         Cliente.imposta(QStringLiteral("CodiceAnagrafica"), ProssimoCodiceAnagrafica(m_archivio));
     }
-    if (!AggiungiCliente())
+    if (!AggiungiCliente()) {
+        annullaNome();
+        if (codice.isEmpty())
+            Cliente.imposta(QStringLiteral("CodiceAnagrafica"), QString());
         return;
+    }
     if (tipoalloggiato::capo(tipo))
         Cliente.imposta(QStringLiteral("CapoGruppoFamiglia"), Cliente.RagSociale());
 
@@ -300,7 +332,9 @@ void SchedaPrenotazione::Command4_Click()
 
     m_ultimoIndirizzo = Cliente;
     InserisciUltimiDatiInseritiVisibile = true;
+    const OspitePrenotazione inserito = Cliente;
     Command1_Click();
+    proponiProssimoOspite(inserito);
     CalcolaTotalePrezzoTrattamentoGrigliaAnagrafiche();
     NumeroPersone = testoNumeroPersone(GrigliaAnagrafiche);
     m_modificato = true;
@@ -433,6 +467,207 @@ void SchedaPrenotazione::InserisciUltimiDatiInseriti_Click()
 {
     for (const char* campo : { "Indirizzo", "Cap", "Comune", "Provincia", "Nazione" })
         Cliente.imposta(QLatin1String(campo), m_ultimoIndirizzo.testo(QLatin1String(campo)));
+    // The address brings its side: an address abroad is no Italian residence.
+    for (const char* campo : { "ResidenzaItaliana", "ResidenzaEstera" })
+        Cliente.imposta(QLatin1String(campo), vero(m_ultimoIndirizzo.valore(QLatin1String(campo))));
+    Cliente.imposta(QStringLiteral("ResidenzaIstat"), m_ultimoIndirizzo.testo(QStringLiteral("ResidenzaIstat")));
+}
+
+// The next guest of a reservation usually shares the room, the dates and the board of the last one, and after
+// a head come its family or group: the line is proposed so.
+void SchedaPrenotazione::proponiProssimoOspite(const OspitePrenotazione& inserito)
+{
+    for (const char* campo : { "NroCameraCliente", "DataArrivo", "DataPartenza", "TipoTrattamento" })
+        Cliente.imposta(QLatin1String(campo), inserito.valore(QLatin1String(campo)));
+    const QString tipo = inserito.testo(QStringLiteral("TipoDiAlloggiato"));
+    if (tipoalloggiato::capo(tipo) && tipo != tipoalloggiato::OspiteSingolo)
+        Cliente.imposta(QStringLiteral("CapoGruppoFamiglia"), inserito.RagSociale());
+    // A family or group shares its nationality and residence more often than not; Italian defaults would
+    // declare a foreign family's members as Italians.
+    if (tipo != tipoalloggiato::OspiteSingolo) {
+        for (const char* campo : { "NascitaItalia", "NascitaEstero", "StatoDiNascita", "Cittadinanza",
+                                   "ResidenzaItaliana", "ResidenzaEstera", "Nazione", "ResidenzaIstat" })
+            Cliente.imposta(QLatin1String(campo), inserito.valore(QLatin1String(campo)));
+    }
+    if (tipo == tipoalloggiato::Capofamiglia || tipo == tipoalloggiato::Capogruppo) {
+        Cliente.imposta(QStringLiteral("TipoDiAlloggiato"),
+                        tipo == tipoalloggiato::Capofamiglia ? tipoalloggiato::Familiare
+                                                             : tipoalloggiato::MembroGruppo);
+    } else if (tipoalloggiato::seguace(tipo)) {
+        Cliente.imposta(QStringLiteral("TipoDiAlloggiato"), tipo);
+        Cliente.imposta(QStringLiteral("CapoGruppoFamiglia"), inserito.testo(QStringLiteral("CapoGruppoFamiglia")));
+    }
+    CalcolaTrattamento();
+}
+
+bool SchedaPrenotazione::controllaTestiCliente()
+{
+    static const schema::Tabella tabella = schema::TabellaAnagraficheAssociatePrenotazioni();
+    QList<std::pair<QString, QString>> testi;
+    for (const QString& campo : campiOspitePrenotazione())
+        testi.append({ campo, Cliente.testo(campo) });
+    if (const auto lungo = primoTestoTroppoLungo(tabella, testi)) {
+        interazione().messaggio(messaggioTestoTroppoLungo(*lungo));
+        return false;
+    }
+    for (const char* campo : { "DataNascita", "DataDocumento", "DataArrivo", "DataPartenza" }) {
+        const QString testo = Cliente.testo(QLatin1String(campo)).trimmed();
+        if (!testo.isEmpty() && !leggiData(testo)) {
+            interazione().messaggio(QStringLiteral("La data non è corretta"), QStringLiteral("DATA"),
+                                    Interazione::Icona::Critico);
+            return false;
+        }
+    }
+    return true;
+}
+
+void SchedaPrenotazione::DataCliente_LostFocus(const QString& campo)
+{
+    QString testo = Cliente.testo(campo).trimmed();
+    MascheraData(testo, interazione());
+    Cliente.imposta(campo, testo);
+}
+
+void SchedaPrenotazione::NonModificareDatiCliente_Click(bool spuntato)
+{
+    NonModificareDatiCliente = spuntato;
+    Variabili(m_archivio).SalvaVariabileNumero(chiavi::F_Prenotazione_NonModificareDatiCliente, spuntato ? 1 : 0);
+}
+
+namespace {
+
+void coppia(OspitePrenotazione& o, const char* primo, const char* secondo, bool valorePrimo)
+{
+    o.imposta(QLatin1String(primo), valorePrimo);
+    o.imposta(QLatin1String(secondo), !valorePrimo);
+}
+
+bool residenzaItaliana(const OspitePrenotazione& o)
+{
+    return !vero(o.valore(QStringLiteral("ResidenzaEstera")));
+}
+
+} // namespace
+
+void SchedaPrenotazione::NascitaItalia_Click()
+{
+    coppia(Cliente, "NascitaItalia", "NascitaEstero", true);
+    Cliente.imposta(QStringLiteral("StatoDiNascita"), QStringLiteral("ITALIA"));
+}
+
+void SchedaPrenotazione::NascitaEstero_Click()
+{
+    coppia(Cliente, "NascitaItalia", "NascitaEstero", false);
+    Cliente.imposta(QStringLiteral("ProvinciaDiNascita"), QString());
+    // The Italian default is no foreign state.
+    if (Cliente.testo(QStringLiteral("StatoDiNascita")).compare(QLatin1String("ITALIA"), Qt::CaseInsensitive) == 0)
+        Cliente.imposta(QStringLiteral("StatoDiNascita"), QString());
+}
+
+void SchedaPrenotazione::DocumentoItalia_Click()
+{
+    coppia(Cliente, "DocumentoItalia", "DocumentoEstero", true);
+}
+
+void SchedaPrenotazione::DocumentoEstero_Click()
+{
+    coppia(Cliente, "DocumentoItalia", "DocumentoEstero", false);
+}
+
+void SchedaPrenotazione::ResidenzaItaliana_Click()
+{
+    coppia(Cliente, "ResidenzaItaliana", "ResidenzaEstera", true);
+    if (!sceltaIstat().contains(Cliente.testo(QStringLiteral("ResidenzaIstat"))))
+        Cliente.imposta(QStringLiteral("ResidenzaIstat"), QString());
+}
+
+void SchedaPrenotazione::ResidenzaEstera_Click()
+{
+    coppia(Cliente, "ResidenzaItaliana", "ResidenzaEstera", false);
+    // Abroad, the Italian default goes; a foreign citizen most likely lives in his own country.
+    if (Cliente.testo(QStringLiteral("Nazione")).compare(QLatin1String("ITALIA"), Qt::CaseInsensitive) == 0
+        || Cliente.testo(QStringLiteral("Nazione")).isEmpty()) {
+        const QString cittadinanza = Cliente.testo(QStringLiteral("Cittadinanza"));
+        Cliente.imposta(QStringLiteral("Nazione"),
+                        cittadinanza.compare(QLatin1String("ITALIA"), Qt::CaseInsensitive) == 0 ? QString()
+                                                                                                : cittadinanza);
+    }
+    if (!sceltaIstat().contains(Cliente.testo(QStringLiteral("ResidenzaIstat"))))
+        Cliente.imposta(QStringLiteral("ResidenzaIstat"), QString());
+}
+
+QString SchedaPrenotazione::etichettaIstat() const
+{
+    return residenzaItaliana(Cliente) ? QStringLiteral("PROVINCIA") : QStringLiteral("PAESE");
+}
+
+QStringList SchedaPrenotazione::sceltaIstat() const
+{
+    return CaricaComboIstat(!residenzaItaliana(Cliente));
+}
+
+void SchedaPrenotazione::ProponiIstat_Click()
+{
+    const bool italiana = residenzaItaliana(Cliente);
+    const QString origine = Cliente.testo(italiana ? QStringLiteral("Provincia") : QStringLiteral("Nazione"));
+    const QString voce = VoceIstatPer(italiana ? ListaIstat::Provincia : ListaIstat::Paese, origine);
+    Cliente.imposta(QStringLiteral("ResidenzaIstat"), voce.isEmpty() ? origine : voce);
+}
+
+QList<ComuneProposto> SchedaPrenotazione::COMUNE_Ricerca(SchedaAnagrafica::CampoComune campo, const QString& testo)
+{
+    SchedaAnagrafica scheda(m_archivio, interazione(), m_sessione.orologio);
+    scheda.dati().Cap = Cliente.testo(QStringLiteral("Cap"));
+    const QList<ComuneProposto> trovati = scheda.COMUNE_Ricerca(campo, testo);
+    // One hit was taken by the card's own routine.
+    if (trovati.isEmpty() && !scheda.dati().Comune.isEmpty())
+        COMUNE_ConfermaSelezionato({ scheda.dati().Comune, scheda.dati().Provincia, scheda.dati().Cap });
+    return trovati;
+}
+
+void SchedaPrenotazione::COMUNE_ConfermaSelezionato(const ComuneProposto& scelto)
+{
+    Cliente.imposta(QStringLiteral("Comune"), scelto.comune);
+    Cliente.imposta(QStringLiteral("Provincia"), scelto.provincia);
+    if (!scelto.cap.isEmpty())
+        Cliente.imposta(QStringLiteral("Cap"), scelto.cap);
+}
+
+QList<ComuneProposto> SchedaPrenotazione::proposteLuogo(const QString& testo)
+{
+    return SchedaAnagrafica(m_archivio, interazione(), m_sessione.orologio).proposteLuogo(testo);
+}
+
+void SchedaPrenotazione::LuogoNascita_Conferma(const ComuneProposto& scelto)
+{
+    Cliente.imposta(QStringLiteral("LuogoNascita"), scelto.comune);
+    Cliente.imposta(QStringLiteral("ProvinciaDiNascita"), scelto.provincia);
+    if (!vero(Cliente.valore(QStringLiteral("NascitaEstero")))
+        && Cliente.testo(QStringLiteral("StatoDiNascita")).isEmpty())
+        Cliente.imposta(QStringLiteral("StatoDiNascita"), QStringLiteral("ITALIA"));
+}
+
+void SchedaPrenotazione::LuogoDocumento_Conferma(const ComuneProposto& scelto)
+{
+    Cliente.imposta(QStringLiteral("LuogoDocumento"), scelto.comune);
+}
+
+QStringList SchedaPrenotazione::proposteStati(const QString& testo)
+{
+    return SchedaAnagrafica(m_archivio, interazione(), m_sessione.orologio).proposteStati(testo);
+}
+
+void SchedaPrenotazione::StatoDiNascita_Conferma(const QString& stato)
+{
+    Cliente.imposta(QStringLiteral("StatoDiNascita"), stato);
+    const QString cittadinanza = Cliente.testo(QStringLiteral("Cittadinanza"));
+    if (cittadinanza.isEmpty() || cittadinanza.compare(QLatin1String("ITALIA"), Qt::CaseInsensitive) == 0)
+        Cliente.imposta(QStringLiteral("Cittadinanza"), stato);
+}
+
+QStringList SchedaPrenotazione::proposteDocumenti(const QString& testo)
+{
+    return SchedaAnagrafica(m_archivio, interazione(), m_sessione.orologio).proposteDocumenti(testo);
 }
 
 bool SchedaPrenotazione::CaricaDatiCliente(qint64 indiceCliente)

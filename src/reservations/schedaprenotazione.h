@@ -1,5 +1,6 @@
 #pragma once
 
+#include "guests/schedaanagrafica.h"
 #include "reservations/prenotazione.h"
 #include "rooms/tabelloneregole.h"
 
@@ -126,6 +127,30 @@ public:
     void SelezioneNormaleCliente(int riga); // 0-based
     void NroCameraCliente_Click(const QString& camera);
     void InserisciUltimiDatiInseriti_Click();
+    void NonModificareDatiCliente_Click(bool spuntato); // remembered for the next opening
+    // Leaving a date of the line: 6 or 8 digits get their slashes, text that is no date is reported.
+    void DataCliente_LostFocus(const QString& campo);
+    // Italy/abroad of birth, document and residence, as on the guest card.
+    void NascitaItalia_Click();
+    void NascitaEstero_Click();
+    void DocumentoItalia_Click();
+    void DocumentoEstero_Click();
+    void ResidenzaItaliana_Click();
+    void ResidenzaEstera_Click();
+    QString etichettaIstat() const; // "PROVINCIA" or "PAESE"
+    QStringList sceltaIstat() const;
+    void ProponiIstat_Click();
+    // The guest card's completions: residence by postal code, town or province (one hit fills the line and
+    // returns empty), birth and document place, states, document words.
+    QList<ComuneProposto> COMUNE_Ricerca(SchedaAnagrafica::CampoComune campo, const QString& testo);
+    void COMUNE_ConfermaSelezionato(const ComuneProposto& scelto);
+    QList<ComuneProposto> proposteLuogo(const QString& testo);
+    void LuogoNascita_Conferma(const ComuneProposto& scelto);
+    void LuogoDocumento_Conferma(const ComuneProposto& scelto);
+    QStringList proposteStati(const QString& testo);
+    QStringList proposteDocumenti(const QString& testo);
+    // A state of birth chosen: the citizenship still at its default follows it.
+    void StatoDiNascita_Conferma(const QString& stato);
     // Loads a card of the registry into the entry line.
     bool CaricaDatiCliente(qint64 indiceCliente);
     // On leaving the name fields of a guest not taken from the registry: offers to load the card of the same name.
@@ -179,6 +204,8 @@ private:
     void leggiVariabili();
     void vaiA(const QString& sql, const QVariantList& parametri);
     bool AggiungiCliente();
+    bool controllaTestiCliente();
+    void proponiProssimoOspite(const OspitePrenotazione& inserito);
     void CalcolaTotalePrezzoTrattamentoGrigliaAnagrafiche();
     void PulisciCampiAccessori();
     void applicaCheckInSky(QList<RigaCamera>& camere);

@@ -55,7 +55,7 @@ void TestConfigurazione::rigaVuotaDaIValoriPredefiniti()
     QCOMPARE(c.OraPropostaCena, QTime(0, 0));
     QCOMPARE(c.SecondiAggiornamentoCentralino, 60.0);
     QCOMPARE(c.IntervalloAggiornamentoAutomaticoSky, 60);
-    QCOMPARE(c.NumeroBackupDaMantenere, 0);
+    QCOMPARE(c.NumeroBackupDaMantenere, 7);
     QCOMPARE(c.EtichettaImposta, QStringLiteral("Iva"));
     QCOMPARE(c.EtichettaImpostaLunga, QStringLiteral("Iva"));
     QVERIFY(!c.PercorsoBackup.isEmpty());

@@ -77,6 +77,13 @@ void TestSchedaAnagrafica::registraNellOrdineStabilito()
     d.DataDocumento = QStringLiteral("non so");
     d.CodiceFiscale = QStringLiteral("bncnna80d43h501x");
     d.ResidenzaItaliana = false;
+    // A date that is no date is refused, not stored empty: the text typed is not lost.
+    QVERIFY(!f.s.Registra_Click());
+    QCOMPARE(f.i.testi(), QStringList { QStringLiteral("La data non è corretta") });
+    QCOMPARE(f.t.archivio().valore(QStringLiteral("SELECT count(*) FROM TabellaAnagrafiche")).toInt(), 1);
+    QCOMPARE(f.s.dati().DataDocumento, QStringLiteral("non so"));
+    f.i.pulisci();
+    f.s.dati().DataDocumento.clear();
     QVERIFY(f.s.Registra_Click());
     QVERIFY(f.s.dati().Indice > rossi);
     QCOMPARE(

@@ -1,11 +1,15 @@
 #include "archiviotemporaneo.h"
 #include "foundation/archivio.h"
+#include "foundation/configurazione.h"
 #include "foundation/utenticollegati.h"
 #include "maintenance/backup.h"
 #include "testmain.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -17,7 +21,7 @@ namespace {
 // A live archive with one known row, a work folder and a switch for "others are in".
 struct Banco
 {
-    test::ArchivioTemporaneo archivio { false };
+    test::ArchivioTemporaneo archivio;
     QTemporaryDir lavoro;
     bool occupato = false;
     Manutenzione manutenzione { archivio.interazione(), archivio.percorso(), lavoro.path(),
@@ -60,6 +64,8 @@ class TestBackup : public QObject
 private slots:
     void nomiDatati();
     void conservazione();
+    void laCopiaDiOggiNonSiCancellaMai();
+    void nomiDal2029al2031();
     void copiaELoSalvataggioAutomatico();
     void backupManuale();
     void altriUtentiNellArchivio();
@@ -86,18 +92,69 @@ void TestBackup::conservazione()
     // An undated file is never deleted but counts in the list.
     QCOMPARE(backup::backupDaCancellare(nomi + QStringList { QStringLiteral("vecchio.mdb") }, 5),
              QStringList { QStringLiteral("301225.mdb") });
-    // Zero keeps nothing that has a date.
-    QCOMPARE(backup::backupDaCancellare({ QStringLiteral("vecchio.mdb"), QStringLiteral("010126.mdb") }, 0),
-             QStringList { QStringLiteral("010126.mdb") });
 
     QTemporaryDir cartella;
     for (const QString& n : nomi)
         tocca(QDir(cartella.path()).filePath(n));
     tocca(QDir(cartella.path()).filePath(QStringLiteral("note.txt")));
-    QCOMPARE(backup::CancellaFile(cartella.path(), 3).size(), 2);
+    QCOMPARE(backup::CancellaFile(cartella.path(), 3, QDate(2026, 1, 15)).size(), 2);
     QCOMPARE(QDir(cartella.path()).entryList(QDir::Files, QDir::Name),
              (QStringList { QStringLiteral("010126.mdb"), QStringLiteral("020126.mdb"), QStringLiteral("150126.mdb"),
                             QStringLiteral("note.txt") }));
+}
+
+void TestBackup::laCopiaDiOggiNonSiCancellaMai()
+{
+    const QStringList nomi
+        = { QStringLiteral("vecchio.mdb"), QStringLiteral("010126.mdb"), QStringLiteral("020126.mdb") };
+    // Zero or less is no longer "delete every dated copy": at least one stays, and never today's.
+    for (int zero : { 0, -1 })
+        QCOMPARE(backup::backupDaCancellare(nomi, zero, QStringLiteral("020126.mdb")),
+                 QStringList { QStringLiteral("010126.mdb") });
+    QCOMPARE(backup::numeroDaMantenere(0), 7);
+    QCOMPARE(backup::numeroDaMantenere(-4), 7);
+    QCOMPARE(backup::numeroDaMantenere(3), 3);
+    // A clock set back: today's copy is older than one already in the folder, and still stays.
+    QCOMPARE(backup::backupDaCancellare({ QStringLiteral("050126.mdb"), QStringLiteral("010126.mdb") }, 1,
+                                        QStringLiteral("010126.mdb")),
+             QStringList { QStringLiteral("050126.mdb") });
+
+    // A start with the old setting 0 keeps today's copy and a week's worth in all.
+    Banco b;
+    QTemporaryDir destinazione;
+    Configurazione configurazione;
+    configurazione.SalvataggioAutomatico = true;
+    configurazione.NumeroBackupDaMantenere = 0;
+    configurazione.PercorsoBackupAutomatico = destinazione.path();
+    const QDate oggi(2026, 11, 16);
+    for (int giorni = 1; giorni <= 10; ++giorni)
+        tocca(QDir(destinazione.path()).filePath(backup::nomeFileBackup(oggi.addDays(-giorni))));
+    QVERIFY(b.manutenzione.ControllaSalvataggioAutomatico(backup::impostazioniDa(configurazione), oggi));
+    const QStringList rimasti = QDir(destinazione.path()).entryList(QDir::Files, QDir::Name);
+    QCOMPARE(rimasti.size(), 7);
+    QVERIFY(rimasti.contains(QStringLiteral("161126.mdb")));
+    QVERIFY(rimasti.contains(QStringLiteral("101126.mdb")));
+    QVERIFY(!rimasti.contains(QStringLiteral("091126.mdb")));
+    QCOMPARE(nomeIn(QDir(destinazione.path()).filePath(QStringLiteral("161126.mdb"))), QStringLiteral("originale"));
+}
+
+void TestBackup::nomiDal2029al2031()
+{
+    // The date mask reads 30..99 as 19xx; a backup's name is always this century.
+    QCOMPARE(backup::dataDaNomeBackup(QStringLiteral("311229.mdb")), QDate(2029, 12, 31));
+    QCOMPARE(backup::dataDaNomeBackup(QStringLiteral("010130.mdb")), QDate(2030, 1, 1));
+    QCOMPARE(backup::dataDaNomeBackup(QStringLiteral("150631.mdb")), QDate(2031, 6, 15));
+    QCOMPARE(backup::nomeFileBackup(QDate(2031, 6, 15)), QStringLiteral("150631.mdb"));
+    QCOMPARE(backup::dataDaNomeBackup(backup::nomeFileBackup(QDate(2099, 12, 31))), QDate(2099, 12, 31));
+
+    // A pass in 2031 keeps the newest copies, across the turn of 2030.
+    QTemporaryDir cartella;
+    for (const char* nome : { "301229.mdb", "311229.mdb", "010130.mdb", "140631.mdb", "150631.mdb" })
+        tocca(QDir(cartella.path()).filePath(QLatin1String(nome)));
+    QCOMPARE(backup::CancellaFile(cartella.path(), 3, QDate(2031, 6, 15)).size(), 2);
+    QCOMPARE(
+        QDir(cartella.path()).entryList(QDir::Files, QDir::Name),
+        (QStringList { QStringLiteral("010130.mdb"), QStringLiteral("140631.mdb"), QStringLiteral("150631.mdb") }));
 }
 
 void TestBackup::copiaELoSalvataggioAutomatico()
@@ -188,6 +245,7 @@ class TestRipristino : public QObject
 private slots:
     void rifiuti();
     void ripristinoConCopiaDiSicurezza();
+    void copiaDiSicurezzaDopoUnCrash();
     void ottimizzazione();
 };
 
@@ -209,24 +267,44 @@ void TestRipristino::rifiuti()
     QVERIFY(!b.manutenzione.RipristinaDb(buono));
     QCOMPARE(i.messaggi().size(), 0);
 
-    // No backup chosen, a missing file, a file that is no archive.
+    // No backup chosen, a missing file, files that are no archive of ours.
     const auto rifiuta = [&](const QString& file, const QString& messaggio) {
         i.rispondiSi();
         i.rispondiInput(QStringLiteral("si"));
         QVERIFY(!b.manutenzione.RipristinaDb(file));
-        QCOMPARE(i.ultimoTesto(), messaggio);
+        QVERIFY2(i.ultimoTesto().startsWith(messaggio), qPrintable(i.ultimoTesto()));
     };
     const QString problemi = QStringLiteral("Problemi nella procedura di ripristino ... ripristino non effettuato");
     rifiuta(QString(), QStringLiteral("Percorso non impostato correttamente"));
     rifiuta(QDir(altrove.path()).filePath(QStringLiteral("manca.mdb")), problemi);
     const QString testo = QDir(altrove.path()).filePath(QStringLiteral("note.mdb"));
     tocca(testo);
-    rifiuta(testo, problemi);
+    rifiuta(testo, QStringLiteral("Il file non è un archivio di Tomvera: "));
+    const QString vuoto = QDir(altrove.path()).filePath(QStringLiteral("vuoto.mdb"));
+    QFile(vuoto).open(QIODevice::WriteOnly);
+    rifiuta(vuoto, QStringLiteral("Il file è vuoto (0 byte), non è un archivio di Tomvera: "));
+    const auto sqlite = [&](const char* nome, const char* tabella) {
+        const QString percorso = QDir(altrove.path()).filePath(QLatin1String(nome));
+        GestioneErrori errori;
+        {
+            Archivio a(percorso, errori);
+            a.apri(Archivio::Apertura::Crea);
+            a.comando(QStringLiteral("CREATE TABLE ") + QLatin1String(tabella) + QStringLiteral(" (x TEXT)"));
+        }
+        Archivio::chiudiConnessioni(percorso);
+        return percorso;
+    };
+    rifiuta(sqlite("rubrica.mdb", "Contatti"),
+            QStringLiteral("Il file non è un archivio di Tomvera (manca la tabella "));
+    rifiuta(sqlite("ArchivioSky.mdb", "TabellaCamereSky"), QStringLiteral("Il file è l'archivio della pay-TV"));
+    QVERIFY(i.ultimoTesto().endsWith(QStringLiteral("\nRipristino non effettuato")));
     b.occupato = true;
     rifiuta(buono,
             QStringLiteral("IN QUESTO MOMENTO L'ARCHIVIO RISULTA OCCUPATO, \n RITENTARE L'OPERAZIONE DOPO AVER "
                            "RIAVVIATO IL PROGRAMMA"));
     QCOMPARE(nomeIn(b.archivio.percorso()), QStringLiteral("originale"));
+    // Nothing was touched: no safety copy either.
+    QVERIFY(QDir(b.lavoro.path()).entryList({ QStringLiteral("copia*") }, QDir::Files).isEmpty());
 
     // A destination on another machine is refused before anything is touched.
     for (const char* rete : { "\\\\server\\dati\\Archivio.mdb", "smb://server/dati/Archivio.mdb", "Archivio.mdb" }) {
@@ -253,8 +331,74 @@ void TestRipristino::ripristinoConCopiaDiSicurezza()
     QVERIFY(b.manutenzione.RipristinaDb(salvato));
     QCOMPARE(b.interazione().ultimoTesto(), QStringLiteral("Procedura terminata, riavviare il programma"));
     QCOMPARE(nomeIn(b.archivio.percorso()), QStringLiteral("originale"));
-    QCOMPARE(nomeIn(b.manutenzione.percorsoCopia()), QStringLiteral("modificato"));
+    const QString prima = b.manutenzione.percorsoCopia();
+    QVERIFY(QFileInfo(prima).fileName().startsWith(QStringLiteral("copia_")));
+    QCOMPARE(QFileInfo(prima).absolutePath(), QFileInfo(b.lavoro.path()).absoluteFilePath());
+    QCOMPARE(nomeIn(prima), QStringLiteral("modificato"));
+#ifndef Q_OS_WIN
+    // The hotel's whole data: readable by its owner only.
+    QCOMPARE(QFile::permissions(prima) & ~(QFileDevice::ReadUser | QFileDevice::WriteUser),
+             QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+#endif
     QVERIFY(QFile::exists(salvato));
+
+    // A second restore, in the same second too, keeps the first safety copy as it was.
+    b.interazione().rispondiSi();
+    b.interazione().rispondiInput(QStringLiteral("SI"));
+    QVERIFY(b.manutenzione.RipristinaDb(salvato));
+    QVERIFY(b.manutenzione.percorsoCopia() != prima);
+    QCOMPARE(nomeIn(prima), QStringLiteral("modificato"));
+    QCOMPARE(nomeIn(b.manutenzione.percorsoCopia()), QStringLiteral("originale"));
+    QCOMPARE(QDir(b.lavoro.path()).entryList({ QStringLiteral("copia_*.mdb") }, QDir::Files).size(), 2);
+}
+
+void TestRipristino::copiaDiSicurezzaDopoUnCrash()
+{
+    // The state a crash leaves: pages of an unfinished transaction already in the file, the journal beside it.
+    Banco b;
+    QTemporaryDir crash;
+    const QString archivio = QDir(crash.path()).filePath(QStringLiteral("Archivio.mdb"));
+    QVERIFY(backup::copiaCompattata(b.archivio.percorso(), QDir(crash.path()).filePath(QStringLiteral("base.mdb"))));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("crash"));
+        db.setDatabaseName(QDir(crash.path()).filePath(QStringLiteral("base.mdb")));
+        QVERIFY(db.open());
+        QSqlQuery q(db);
+        // A tiny cache makes the engine write pages to the file before the commit.
+        QVERIFY(q.exec(QStringLiteral("PRAGMA cache_size = 2")));
+        QVERIFY(q.exec(QStringLiteral("BEGIN")));
+        QVERIFY(q.exec(QStringLiteral("UPDATE Prova SET Nome = 'mai salvato'")));
+        QVERIFY(q.exec(QStringLiteral("CREATE TABLE Grande (x TEXT)")));
+        QVERIFY(q.exec(QStringLiteral("WITH RECURSIVE n(k) AS (SELECT 1 UNION ALL SELECT k + 1 FROM n WHERE k < 3000) "
+                                      "INSERT INTO Grande SELECT hex(randomblob(300)) FROM n")));
+        QVERIFY(QFile::exists(db.databaseName() + QStringLiteral("-journal")));
+        QVERIFY(QFile::copy(db.databaseName(), archivio));
+        QVERIFY(QFile::copy(db.databaseName() + QStringLiteral("-journal"), archivio + QStringLiteral("-journal")));
+        q.exec(QStringLiteral("ROLLBACK"));
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("crash"));
+
+    QTemporaryDir altrove;
+    const QString salvato = QDir(altrove.path()).filePath(QStringLiteral("161126.mdb"));
+    QVERIFY(backup::copiaCompattata(b.archivio.percorso(), salvato));
+    Manutenzione manutenzione(b.interazione(), archivio, b.lavoro.path(), {});
+    b.interazione().rispondiSi();
+    b.interazione().rispondiInput(QStringLiteral("SI"));
+    QVERIFY(manutenzione.RipristinaDb(salvato));
+    // The safety copy holds the last committed state, whole.
+    const QString copia = manutenzione.percorsoCopia();
+    GestioneErrori errori;
+    {
+        Archivio a(copia, errori);
+        QVERIFY(a.apri());
+        QCOMPARE(a.valore(QStringLiteral("PRAGMA integrity_check")).toString(), QStringLiteral("ok"));
+        QCOMPARE(a.valore(QStringLiteral("SELECT Nome FROM Prova")).toString(), QStringLiteral("originale"));
+        QVERIFY(!a.esisteRiga(QStringLiteral("SELECT 1 FROM sqlite_master WHERE name = 'Grande'")));
+    }
+    Archivio::chiudiConnessioni(copia);
+    QVERIFY(!QFile::exists(archivio + QStringLiteral("-journal")));
+    QCOMPARE(nomeIn(archivio), QStringLiteral("originale"));
 }
 
 void TestRipristino::ottimizzazione()

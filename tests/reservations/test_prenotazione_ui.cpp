@@ -103,7 +103,7 @@ void TestPrenotazioneUi::famigliaConMezzaPensioneExtraEAcconto()
     // The head line selected, to show its statutory fields.
     QTest::mouseClick(clienti->viewport(), Qt::LeftButton, {}, clienti->visualItemRect(clienti->item(0, 0)).center());
     QCOMPARE(trova<QLineEdit>(w, "Nome")->text(), QStringLiteral("Mario"));
-    salva(w, QStringLiteral("prenotazione_clienti"));
+    salva(w, QStringLiteral("prenotazione_clienti_famiglia"));
     QTest::mouseClick(trova<QPushButton>(w, "Command1"), Qt::LeftButton);
 
     w.schede()->setCurrentIndex(2);

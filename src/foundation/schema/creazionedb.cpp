@@ -1,6 +1,7 @@
 #include "foundation/schema/creazionedb.h"
 
 #include "foundation/archivio.h"
+#include "foundation/configurazione.h"
 #include "foundation/gestioneerrori.h"
 #include "foundation/schema/codici.h"
 #include "foundation/schema/indiciprestazioni.h"
@@ -217,6 +218,11 @@ void CreazioneDB::ValorizzaCampiNulli(Archivio& archivio)
 
     archivio.comandoSenzaGestione(QStringLiteral(
         "UPDATE TabellaPrenotazioni SET PrenotazioneChiusa = 0 WHERE Indice > 0 AND PrenotazioneChiusa IS NULL"));
+    // Zero kept no automatic backup at all: an unset or non-positive number becomes a week's worth.
+    archivio.comandoSenzaGestione(
+        QStringLiteral("UPDATE Configurazioni SET NumeroBackupDaMantenere = ? "
+                       "WHERE NumeroBackupDaMantenere IS NULL OR NumeroBackupDaMantenere <= 0"),
+        { Configurazione::BackupDaMantenerePredefiniti });
     archivio.comandoSenzaGestione(QStringLiteral("UPDATE TabellaMovimenti SET PrenotazioneChiusa = 0 "
                                                  "WHERE Indice > 0 AND PrenotazioneChiusa IS NULL AND Tipo = ?"),
                                   { QStringLiteral("PrenotazioneCamera") });

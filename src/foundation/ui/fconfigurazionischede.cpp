@@ -90,11 +90,11 @@ QDoubleSpinBox* FConfigurazioniWidget::numero(QFormLayout* f, const char* nome, 
 }
 
 void FConfigurazioniWidget::intero(QFormLayout* f, const char* nome, const QString& etichetta,
-                                   int Configurazione::*campo, int massimo)
+                                   int Configurazione::*campo, int massimo, int minimo)
 {
     auto* n = new QSpinBox;
     n->setObjectName(nomeOggetto(nome));
-    n->setRange(0, massimo);
+    n->setRange(minimo, massimo);
     n->setMaximumWidth(140);
     f->addRow(etichetta, n);
     m_dentro.push_back([this, n, campo] { n->setValue(m_logica.valori.*campo); });
@@ -333,7 +333,7 @@ QWidget* FConfigurazioniWidget::schedaBackup()
     automatico->addRow(spunta("SalvataggioAutomatico", QStringLiteral("Backup automatico all'avvio (uno al giorno)"),
                               &Configurazione::SalvataggioAutomatico));
     intero(automatico, "NumeroBackupDaMantenere", QStringLiteral("Numero di backup da mantenere"),
-           &Configurazione::NumeroBackupDaMantenere, 999);
+           &Configurazione::NumeroBackupDaMantenere, 999, 1);
     v->addWidget(gruppo(QStringLiteral("BACKUP AUTOMATICO"), automatico));
 
     auto* ottimizza = new QHBoxLayout;

@@ -52,7 +52,8 @@ private:
     QCheckBox* spunta(const char* nome, const QString& etichetta, bool Configurazione::*campo);
     QDoubleSpinBox* numero(QFormLayout* f, const char* nome, const QString& etichetta, double Configurazione::*campo,
                            double massimo = 99999999.99);
-    void intero(QFormLayout* f, const char* nome, const QString& etichetta, int Configurazione::*campo, int massimo);
+    void intero(QFormLayout* f, const char* nome, const QString& etichetta, int Configurazione::*campo, int massimo,
+                int minimo = 0);
     void ora(QFormLayout* f, const char* nome, const QString& etichetta, QTime Configurazione::*campo);
     QPushButton* pulsante(const char* nome, const QString& testo);
 

@@ -1,7 +1,11 @@
 #include "guests/ui/schedaanagraficawidget.h"
 
 #include "foundation/formati.h"
+#include "foundation/interazione.h"
+#include "guests/limiticampi.h"
 #include "guests/schedaanagrafica.h"
+#include "guests/ui/elencoanagrafichewidget.h"
+#include "guests/ui/proposte.h"
 
 #include <QButtonGroup>
 #include <QComboBox>
@@ -15,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMetaMethod>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -71,27 +76,7 @@ QTableWidget* griglia(const char* nome, const QStringList& titoli, QWidget* geni
     return t;
 }
 
-// A popup of proposals under a field, refreshed as the user types; picking one calls scelto with its row.
-QCompleter* proposte(QLineEdit* campo, std::function<QStringList(const QString&)> trova,
-                     std::function<void(int)> scelto)
-{
-    auto* modello = new QStringListModel(campo);
-    auto* c = new QCompleter(modello, campo);
-    c->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-    c->setMaxVisibleItems(12);
-    campo->setCompleter(c);
-    QObject::connect(campo, &QLineEdit::textEdited, campo, [=](const QString& testo) {
-        if (testo.trimmed().isEmpty())
-            return;
-        modello->setStringList(trova(testo));
-        c->complete();
-    });
-    // Queued: the completer writes its own text into the field first, then the choice replaces it.
-    QObject::connect(
-        c, qOverload<const QModelIndex&>(&QCompleter::activated), campo, [=](const QModelIndex& i) { scelto(i.row()); },
-        Qt::QueuedConnection);
-    return c;
-}
+const auto proposte = proposteCampo;
 
 } // namespace
 
@@ -232,6 +217,7 @@ SchedaAnagraficaWidget::SchedaAnagraficaWidget(std::unique_ptr<SchedaAnagrafica>
     m_soggiorni->hideColumn(0);
     m_soggiorni->hideColumn(1);
     auto* caricaPren = pulsante("CaricaPrenotazione", QStringLiteral("Carica Prenotazione Associata"), boxSoggiorni);
+    m_caricaPrenotazione = caricaPren;
     ls->addWidget(m_soggiorni);
     ls->addWidget(caricaPren);
     auto* boxSpiaggia = new QGroupBox(QStringLiteral("Spiaggia"), this);
@@ -248,6 +234,8 @@ SchedaAnagraficaWidget::SchedaAnagraficaWidget(std::unique_ptr<SchedaAnagrafica>
     lsp->addWidget(m_spiaggia);
     lsp->addWidget(m_totaliSpiaggia);
     lsp->addWidget(caricaSpiaggia);
+    // The beach reservations have no screen yet.
+    caricaSpiaggia->hide();
 
     auto* comandi = new QVBoxLayout;
     auto* nuovo = pulsante("Nuovo", QStringLiteral("Nuovo"), this);
@@ -275,8 +263,8 @@ SchedaAnagraficaWidget::SchedaAnagraficaWidget(std::unique_ptr<SchedaAnagrafica>
     connect(nuovo, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Nuovo_Click(); }); });
     connect(registra, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Registra_Click(); }); });
     connect(cancella, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Cancella_Click(); }); });
-    connect(cerca, &QPushButton::clicked, this, &SchedaAnagraficaWidget::cercaAnagrafica);
-    connect(fine, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cerca, &QPushButton::clicked, this, &SchedaAnagraficaWidget::cerca);
+    connect(fine, &QPushButton::clicked, this, &SchedaAnagraficaWidget::reject);
     connect(apriWeb, &QPushButton::clicked, this, [this] {
         leggi();
         if (const QString url = m_logica->OpenUrl_Click(false); !url.isEmpty())
@@ -288,16 +276,8 @@ SchedaAnagraficaWidget::SchedaAnagraficaWidget(std::unique_ptr<SchedaAnagrafica>
             QDesktopServices::openUrl(QUrl(url));
     });
     connect(proponi, &QPushButton::clicked, this, [this] { comando([this] { m_logica->ProponiIstat_Click(); }); });
-    connect(caricaPren, &QPushButton::clicked, this, [this] {
-        const int r = m_soggiorni->currentRow();
-        if (r >= 0 && r < m_logica->soggiorni().size())
-            emit apriPrenotazione(m_logica->soggiorni().at(r).indicePrenotazioneAssociata);
-    });
-    connect(caricaSpiaggia, &QPushButton::clicked, this, [this] {
-        const int r = m_spiaggia->currentRow();
-        if (r >= 0 && r < m_logica->prenotazioniSpiaggia().size())
-            emit apriPrenotazioneSpiaggia(m_logica->prenotazioniSpiaggia().at(r).indice);
-    });
+    connect(caricaPren, &QPushButton::clicked, this, &SchedaAnagraficaWidget::caricaPrenotazione);
+    connect(m_soggiorni, &QTableWidget::cellDoubleClicked, this, &SchedaAnagraficaWidget::caricaPrenotazione);
 
     auto opzioneCliccata = [this](QRadioButton* r, void (SchedaAnagrafica::*azione)()) {
         connect(r, &QRadioButton::clicked, this,
@@ -394,7 +374,57 @@ QLineEdit* SchedaAnagraficaWidget::campo(const char* nome, QWidget* genitore)
 {
     auto* e = new QLineEdit(genitore);
     e->setObjectName(QLatin1String(nome));
+    // The residence town is the field Comune.
+    const QString campoTabella = qstrcmp(nome, "Citta") == 0 ? QStringLiteral("Comune") : QLatin1String(nome);
+    if (const int massimo = dimensioneCampoAnagrafica(campoTabella); massimo > 0)
+        e->setMaxLength(massimo);
     return e;
+}
+
+void SchedaAnagraficaWidget::reject()
+{
+    leggi();
+    if (m_logica->Fine_Click())
+        QDialog::reject();
+    else
+        aggiorna();
+}
+
+void SchedaAnagraficaWidget::showEvent(QShowEvent* evento)
+{
+    // Shown only when the caller can open a reservation: never a button that does nothing.
+    m_caricaPrenotazione->setVisible(
+        isSignalConnected(QMetaMethod::fromSignal(&SchedaAnagraficaWidget::apriPrenotazione)));
+    QDialog::showEvent(evento);
+}
+
+void SchedaAnagraficaWidget::cerca()
+{
+    leggi();
+    // Loading another card would drop what was typed on this one.
+    if (!m_logica->Fine_Click()) {
+        aggiorna();
+        return;
+    }
+    ElencoAnagraficheWidget elenco([this](const QString& filtro) { return m_logica->elenco(filtro); }, this);
+    if (elenco.exec() == QDialog::Accepted && elenco.scelta() > 0)
+        m_logica->carica(elenco.scelta());
+    aggiorna();
+}
+
+void SchedaAnagraficaWidget::caricaPrenotazione()
+{
+    const int r = m_soggiorni->currentRow();
+    if (r < 0 || r >= m_logica->soggiorni().size()) {
+        m_logica->interazione().messaggio(QStringLiteral("Attenzione, selezionare la prenotazione da caricare!"));
+        return;
+    }
+    emit apriPrenotazione(m_logica->soggiorni().at(r).indicePrenotazioneAssociata);
+    // The stay may have changed there.
+    if (!m_logica->nuova() && !m_logica->modificata()) {
+        m_logica->carica(m_logica->dati().Indice);
+        aggiorna();
+    }
 }
 
 void SchedaAnagraficaWidget::comando(const std::function<void()>& azione)
@@ -439,16 +469,6 @@ void SchedaAnagraficaWidget::confermaComune()
 void SchedaAnagraficaWidget::nascondiProposti()
 {
     m_moduloResidenza->setRowVisible(m_cittaVL, false);
-}
-
-void SchedaAnagraficaWidget::keyPressEvent(QKeyEvent* evento)
-{
-    // Escape would close the card with what was typed: only "Esci" closes it.
-    if (evento->key() == Qt::Key_Escape) {
-        evento->accept();
-        return;
-    }
-    QDialog::keyPressEvent(evento);
 }
 
 bool SchedaAnagraficaWidget::eventFilter(QObject* oggetto, QEvent* evento)

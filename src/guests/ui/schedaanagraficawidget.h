@@ -33,13 +33,13 @@ public:
     void aggiorna();
 
 signals:
-    void cercaAnagrafica(); // Command2: the guest list
+    // CaricaPrenotazione: the stay chosen in the list. The button shows only when someone opens it.
     void apriPrenotazione(qint64 indicePrenotazione);
-    void apriPrenotazioneSpiaggia(qint64 indicePrenotazione);
 
 protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
-    void keyPressEvent(QKeyEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+    void reject() override; // Escape, the close box and "Esci" go through Fine_Click
 
 private:
     QLineEdit* campo(const char* nome, QWidget* genitore);
@@ -50,6 +50,8 @@ private:
     void nascondiProposti();
     void proponiNomi(QLineEdit* sorgente);
     void aggiornaIstat();
+    void cerca(); // Command2: the guest list, then the chosen card
+    void caricaPrenotazione();
 
     std::unique_ptr<SchedaAnagrafica> m_logica;
     bool m_aggiornando = false;
@@ -68,6 +70,7 @@ private:
     QPlainTextEdit* m_note;
     QTableWidget *m_soggiorni, *m_spiaggia;
     QLabel* m_totaliSpiaggia;
+    class QPushButton* m_caricaPrenotazione;
     QCompleter* m_completaNomi;
     QList<qint64> m_indiciNomi;
 };

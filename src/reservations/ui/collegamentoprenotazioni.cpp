@@ -62,17 +62,17 @@ void Collegamento::apri(const RichiestaPrenotazione& richiesta)
                               widget);
         acconti.exec();
     });
-    QObject::connect(
-        widget, &PrenotazioneWidget::apriSchedaCliente, widget, [widget, sessioneP, archivio](qint64 indiceCliente) {
-            auto scheda = std::make_unique<SchedaAnagrafica>(*archivio, sessioneP->interazione, sessioneP->orologio);
-            if (indiceCliente > 0)
-                scheda->carica(indiceCliente);
-            SchedaAnagraficaWidget finestraScheda(std::move(scheda), widget);
-            finestraScheda.exec();
-            // The card may have changed: the entry line takes it again.
-            if (indiceCliente > 0 && widget->logica().CaricaDatiCliente(indiceCliente))
-                widget->aggiorna();
-        });
+    QObject::connect(widget, &PrenotazioneWidget::apriSchedaCliente, widget,
+                     [widget, sessioneP, archivio](qint64 indiceCliente) {
+                         auto scheda = std::make_unique<SchedaAnagrafica>(*sessioneP, *archivio);
+                         if (indiceCliente > 0)
+                             scheda->carica(indiceCliente);
+                         SchedaAnagraficaWidget finestraScheda(std::move(scheda), widget);
+                         finestraScheda.exec();
+                         // The card may have changed: the entry line takes it again.
+                         if (indiceCliente > 0 && widget->logica().CaricaDatiCliente(indiceCliente))
+                             widget->aggiorna();
+                     });
     QObject::connect(widget, &PrenotazioneWidget::aggiungiCamera, widget, [this, widget] {
         aperta = widget;
         widget->hide();

@@ -178,8 +178,7 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
 PrenotazioneWidget::~PrenotazioneWidget()
 {
     // The lists go after the logic: they must not reach the filter once it is gone.
-    for (QWidget* w :
-         { static_cast<QWidget*>(m_camere), static_cast<QWidget*>(m_clienti), static_cast<QWidget*>(m_righeArt) })
+    for (QWidget* w : { static_cast<QWidget*>(m_camere), static_cast<QWidget*>(m_righeArt) })
         w->removeEventFilter(this);
 }
 
@@ -272,11 +271,6 @@ bool PrenotazioneWidget::eventFilter(QObject* oggetto, QEvent* evento)
             m_camere->clearSelection();
             return true;
         }
-        if (oggetto == m_clienti) {
-            comando([this] { m_logica->Command1_Click(); });
-            m_clienti->clearSelection();
-            return true;
-        }
         if (oggetto == m_righeArt) {
             comando([this] { m_logica->RigheArt_Escape(); });
             return true;
@@ -316,8 +310,7 @@ void PrenotazioneWidget::applicaPermessi()
     m_registra->setEnabled(a.Registra);
     m_cancella->setEnabled(a.Cancella);
     m_acconti->setEnabled(a.Command6);
-    m_inserisciCliente->setEnabled(a.Command4);
-    m_rimuoviCliente->setEnabled(a.Command10);
+    applicaPermessiClienti(a);
     m_planning->setEnabled(a.Command11);
 }
 

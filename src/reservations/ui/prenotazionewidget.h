@@ -18,6 +18,8 @@ class QTableWidget;
 namespace tomvera {
 
 class SchedaPrenotazione;
+class PrenotazioneClientiWidget;
+struct AbilitazioniPrenotazione;
 namespace aiuti {
 class SceltaPigra;
 }
@@ -51,7 +53,6 @@ private:
     QWidget* creaSchedaCamere();
     QWidget* creaSchedaClienti();
     QWidget* creaSchedaAccessori();
-    QLineEdit* campoCliente(const QString& nome, QWidget* genitore);
     void leggi();
     void leggiClienti();
     void leggiAccessori();
@@ -61,6 +62,7 @@ private:
     void aggiornaIntestazione();
     void comando(const std::function<void()>& azione);
     void applicaPermessi();
+    void applicaPermessiClienti(const AbilitazioniPrenotazione& abilitazioni);
 
     std::unique_ptr<SchedaPrenotazione> m_logica;
     bool m_aggiornando = false;
@@ -83,15 +85,8 @@ private:
     QTableWidget* m_camere;
     QPushButton* m_aggiornaPrezzi;
 
-    // Guests.
-    QHash<QString, QLineEdit*> m_campiCliente;
-    QComboBox *m_nroCameraCliente, *m_tipoTrattamento, *m_tipoAlloggiato, *m_capoGruppo;
-    QComboBox *m_tipoTurismo, *m_mezzoTrasporto;
-    QLabel *m_etichettaCapo, *m_numeroPersone;
-    QRadioButton *m_maschio, *m_femmina;
-    QCheckBox *m_arrivato, *m_intestatario, *m_nonModificare;
-    QTableWidget* m_clienti;
-    QPushButton *m_inserisciCliente, *m_rimuoviCliente, *m_ultimiDati;
+    // Guests: the tab "DATI CLIENTI" is a panel of its own.
+    PrenotazioneClientiWidget* m_pannelloClienti = nullptr;
 
     // Extras.
     QLineEdit *m_dataArt, *m_qta, *m_prezzoUnitario, *m_prezzoArt, *m_ivaArt;
