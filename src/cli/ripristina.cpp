@@ -52,6 +52,12 @@ int comandoRipristina(const Argomenti& argomenti, Console& console)
         = piattaforma::percorsoDiRete(*indicato) ? *indicato : QFileInfo(*indicato).absoluteFilePath();
     const QString scelto = piattaforma::percorsoDiRete(*file) ? *file : QFileInfo(*file).absoluteFilePath();
 
+    // A file that can't be restored is refused before anything, the lock file beside the archive included.
+    if (!QFileInfo(scelto).isFile())
+        return console.errore(QStringLiteral("File non trovato: ") + scelto);
+    if (const QString estraneo = backup::verificaArchivioTomvera(scelto); !estraneo.isEmpty())
+        return console.errore(estraneo);
+
     // Registered first: a program or a command that comes in now finds us, and anyone already in is another.
     const RegistrazioneScrittura registrazione(archivio);
     const int propri = registrazione.registrata() ? 1 : 0;
@@ -62,8 +68,10 @@ int comandoRipristina(const Argomenti& argomenti, Console& console)
     if (!manutenzione.RipristinaDb(scelto))
         return console.errore(suUnaRiga(interazione.ultimo));
     console.out << suUnaRiga(interazione.ultimo) << Qt::endl;
-    console.out << QStringLiteral("Copia di sicurezza: ") << QDir::toNativeSeparators(manutenzione.percorsoCopia())
-                << Qt::endl;
+    // No archive was there before: nothing to keep.
+    if (!manutenzione.percorsoCopia().isEmpty())
+        console.out << QStringLiteral("Copia di sicurezza: ") << QDir::toNativeSeparators(manutenzione.percorsoCopia())
+                    << Qt::endl;
     return EsitoOk;
 }
 

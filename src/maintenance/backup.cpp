@@ -409,6 +409,8 @@ bool Manutenzione::OttimizzazioneArchivio()
     const QString vecchio = QDir(m_cartellaLavoro).filePath(QStringLiteral("vecchio.mdb"));
     rimuoviSilenzioso(compatto);
     Archivio::chiudiConnessioni(m_percorsoDB);
+    // The new file takes the old one's permissions: a folder shared by a group of users stays shared.
+    const QFileDevice::Permissions permessi = QFile::permissions(m_percorsoDB);
     if (!copiaCompattata(m_percorsoDB, compatto)) {
         m_interazione.messaggio(impossibile, {}, Interazione::Icona::Critico);
         return false;
@@ -425,6 +427,7 @@ bool Manutenzione::OttimizzazioneArchivio()
         m_interazione.messaggio(impossibile, {}, Interazione::Icona::Critico);
         return false;
     }
+    QFile::setPermissions(m_percorsoDB, permessi);
     rimuoviSilenzioso(vecchio);
     m_interazione.messaggio(QStringLiteral("Ottimizzazione conclusa"));
     return true;

@@ -62,6 +62,8 @@ void TestSchedaAnagraficaUi::nuovaSchedaDaCapEComune()
                          { ospite });
     OrologioFisso orologio(QDateTime(QDate(2026, 7, 1), QTime(9, 0)));
     SchedaAnagraficaWidget w(std::make_unique<SchedaAnagrafica>(t.archivio(), t.interazione(), orologio));
+    // As in the program, where the board opens the stays' reservations.
+    connect(&w, &SchedaAnagraficaWidget::apriPrenotazione, &w, [](qint64) {});
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
 

@@ -326,9 +326,16 @@ void TestRipristino::ripristinoConCopiaDiSicurezza()
     QVERIFY(backup::copiaCompattata(b.archivio.percorso(), salvato));
     QVERIFY(b.archivio.archivio().comando(QStringLiteral("UPDATE Prova SET Nome = 'modificato'")));
 
+    const auto condiviso = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser
+        | QFileDevice::WriteUser | QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+    QVERIFY(QFile::setPermissions(b.archivio.percorso(), condiviso));
     b.interazione().rispondiSi();
     b.interazione().rispondiInput(QStringLiteral("Si"));
     QVERIFY(b.manutenzione.RipristinaDb(salvato));
+#ifndef Q_OS_WIN
+    // The restored archive takes the place of the old one, permissions included.
+    QCOMPARE(QFile::permissions(b.archivio.percorso()), condiviso);
+#endif
     QCOMPARE(b.interazione().ultimoTesto(), QStringLiteral("Procedura terminata, riavviare il programma"));
     QCOMPARE(nomeIn(b.archivio.percorso()), QStringLiteral("originale"));
     const QString prima = b.manutenzione.percorsoCopia();
@@ -428,9 +435,16 @@ void TestRipristino::ottimizzazione()
                        "INSERT INTO Grande SELECT hex(randomblob(200)) FROM n")));
     QVERIFY(b.archivio.archivio().comando(QStringLiteral("DROP TABLE Grande")));
     const qint64 prima = QFileInfo(percorso).size();
+    // Shared with a group of users: the compacted file must stay so.
+    const auto condiviso = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser
+        | QFileDevice::WriteUser | QFileDevice::ReadGroup | QFileDevice::WriteGroup;
+    QVERIFY(QFile::setPermissions(percorso, condiviso));
     i.rispondiInput(QStringLiteral("confermo"));
     i.rispondiSi();
     QVERIFY(b.manutenzione.OttimizzazioneArchivio());
+#ifndef Q_OS_WIN
+    QCOMPARE(QFile::permissions(percorso), condiviso);
+#endif
     QCOMPARE(i.ultimoTesto(), QStringLiteral("Ottimizzazione conclusa"));
     QVERIFY(QFileInfo(percorso).size() < prima);
     QCOMPARE(nomeIn(percorso), QStringLiteral("originale"));

@@ -14,6 +14,7 @@
 #include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -123,6 +124,7 @@ private slots:
     void sceltaDalCognomeCaricaLaScheda();
     void famigliaDiQuattroInPochiTasti();
     void escSvuotaLaRiga();
+    void completamentiComeLaScheda();
 };
 
 void TestClientiPrenotazioneUi::ospiteStranieroRestaStraniero()
@@ -535,6 +537,51 @@ void TestClientiPrenotazioneUi::escSvuotaLaRiga()
     QVERIFY(cognome->text().isEmpty());
     QCOMPARE(clienti->rowCount(), 1);
     QVERIFY(s.isVisible());
+    QVERIFY2(b.interazione().errore().isEmpty(), qPrintable(b.interazione().errore()));
+}
+
+void TestClientiPrenotazioneUi::completamentiComeLaScheda()
+{
+    BancoPrenotazioni b;
+    codici(b);
+    for (const auto& [codice, comune, cap] :
+         { std::tuple { "1", "Abano Terme", "35031" }, { "2", "Padova", "35121" }, { "3", "Monselice", "35043" } })
+        b.archivio().comando(QStringLiteral("INSERT INTO TabellaCodiciComuni (Codice, Comune, Provincia, Cap) "
+                                            "VALUES (?, ?, 'PD', ?)"),
+                             { QLatin1String(codice), QLatin1String(comune), QLatin1String(cap) });
+    auto w = schermo(b);
+    auto& s = *w;
+    // One town for the postal code fills the residence.
+    QTest::keyClicks(trova<QLineEdit>(s, "Cap"), QStringLiteral("35031"));
+    QCOMPARE(trova<QLineEdit>(s, "Citta")->text(), QStringLiteral("Abano Terme"));
+    QCOMPARE(trova<QLineEdit>(s, "Provincia")->text(), QStringLiteral("PD"));
+    // Several for the province: the list, and Enter takes the highlighted one.
+    trova<QLineEdit>(s, "Provincia")->clear();
+    QTest::keyClicks(trova<QLineEdit>(s, "Provincia"), QStringLiteral("PD"));
+    auto* lista = trova<QListWidget>(s, "CittaVL");
+    QVERIFY(lista->isVisible());
+    QCOMPARE(lista->count(), 3);
+    lista->setCurrentRow(1);
+    QTest::keyClick(trova<QLineEdit>(s, "Provincia"), Qt::Key_Return);
+    QVERIFY(!lista->isVisible());
+    QCOMPARE(trova<QLineEdit>(s, "Citta")->text(), QStringLiteral("Monselice"));
+    QCOMPARE(trova<QLineEdit>(s, "Cap")->text(), QStringLiteral("35043"));
+    QTest::mouseClick(trova<QPushButton>(s, "ProponiIstat"), Qt::LeftButton);
+    QCOMPARE(trova<QComboBox>(s, "ResidenzaIstat")->currentText(), QStringLiteral("Padova"));
+    // The birth place brings its province; documents come from their table.
+    auto* luogo = trova<QLineEdit>(s, "LuogoNascita");
+    luogo->setFocus();
+    QTest::keyClicks(luogo, QStringLiteral("Pad"));
+    QVERIFY(luogo->completer()->popup()->isVisible());
+    QTest::keyClick(luogo->completer()->popup(), Qt::Key_Down);
+    QTest::keyClick(luogo->completer()->popup(), Qt::Key_Return);
+    QTRY_COMPARE(luogo->text(), QStringLiteral("Padova"));
+    QCOMPARE(trova<QLineEdit>(s, "ProvinciaDiNascita")->text(), QStringLiteral("PD"));
+    auto* documento = trova<QLineEdit>(s, "TipoDocumento");
+    documento->setFocus();
+    QTest::keyClicks(documento, QStringLiteral("PAT"));
+    QCOMPARE(documento->completer()->popup()->model()->index(0, 0).data().toString(),
+             QStringLiteral("PATENTE DI GUIDA"));
     QVERIFY2(b.interazione().errore().isEmpty(), qPrintable(b.interazione().errore()));
 }
 

@@ -30,6 +30,7 @@ private slots:
     void intestatarioUnicoEArrivato();
     void numeriDiArrivoNellAnno();
     void regoleDeiDatiObbligatori();
+    void schedeInSolaLetturaNonSiAggiornano();
 };
 
 void TestOspitiPrenotazione::controlliDellInserimentoInOrdine()
@@ -228,6 +229,29 @@ void TestOspitiPrenotazione::regoleDeiDatiObbligatori()
     o.imposta(QStringLiteral("TipoDiAlloggiato"), capofamiglia);
     QVERIFY(!ControllaRegole(o));
     QVERIFY(campiObbligatori(o).contains(QStringLiteral("ProvinciaDiNascita")));
+}
+
+void TestOspitiPrenotazione::schedeInSolaLetturaNonSiAggiornano()
+{
+    BancoPrenotazioni b;
+    auto s = conCamera(b);
+    BancoPrenotazioni::inserisciOspite(*s, QStringLiteral("Verdi"), QStringLiteral("Ugo"), capofamiglia);
+    const qint64 verdi = s->GrigliaAnagrafiche.first().valore(QStringLiteral("IndiceCliente")).toLongLong();
+    QVERIFY(verdi > 0);
+    // A user who may only read the registry books the guest as typed; the card keeps what it had.
+    b.sessione.permessi->amministratore = false;
+    b.sessione.UtenteCollegato = QStringLiteral("Lucia");
+    b.sessione.permessi->Prenotazioni = true;
+    b.sessione.permessi->AnagraficheSoloLettura = true;
+    s->SelezioneNormaleCliente(0);
+    s->Cliente.imposta(QStringLiteral("Telefono"), QStringLiteral("333 1234"));
+    s->Command4_Click();
+    QCOMPARE(s->GrigliaAnagrafiche.first().testo(QStringLiteral("Telefono")), QStringLiteral("333 1234"));
+    QVERIFY(b.archivio()
+                .valore(QStringLiteral("SELECT Telefono FROM TabellaAnagrafiche WHERE Indice = ?"), { verdi })
+                .toString()
+                .isEmpty());
+    QVERIFY(b.interazione().errore().isEmpty());
 }
 
 TOMVERA_TEST(TestOspitiPrenotazione)
