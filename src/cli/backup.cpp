@@ -29,9 +29,14 @@ int comandoBackup(const Argomenti& argomenti, Console& console)
     const QString lavoro
         = QDir(QDir::tempPath())
               .filePath(QStringLiteral("tomvera-backup-") + QString::number(QCoreApplication::applicationPid()));
+    bool occupato = false;
     const QString fatto
-        = backup::EseguiCopiaBackup(*archivio, *cartella, backup::nomeFileBackup(orologio.oggi()), lavoro);
+        = backup::EseguiCopiaBackup(*archivio, *cartella, backup::nomeFileBackup(orologio.oggi()), lavoro, &occupato);
     QDir(lavoro).removeRecursively();
+    if (occupato)
+        return console.errore(QStringLiteral("Backup non eseguito: archivio occupato da un altro utente, riprovare "
+                                             "più tardi: ")
+                              + *archivio);
     if (fatto.isEmpty())
         return console.errore(QStringLiteral("Backup non eseguito: impossibile scrivere in ") + *cartella);
     console.out << QDir::toNativeSeparators(fatto) << Qt::endl;

@@ -34,15 +34,16 @@ void rimuoviGiornale(const QString& percorsoDB)
 
 // The tables of an SQLite file, read without writing to it (empty when it doesn't open as a database).
 // A file left with a crash's journal can only be read by a connection allowed to roll that journal back.
-QStringList tabelleDi(const QString& percorso)
+QStringList tabelleDi(const QString& percorso, bool& occupato)
 {
+    occupato = false;
     QStringList tabelle;
     const QByteArray nome = QFileInfo(percorso).absoluteFilePath().toUtf8();
     for (const int modo : { SQLITE_OPEN_READONLY, SQLITE_OPEN_READWRITE }) {
         sqlite3* db = nullptr;
         int esito = sqlite3_open_v2(nome.constData(), &db, modo, nullptr);
         if (esito == SQLITE_OK) {
-            sqlite3_busy_timeout(db, 5000);
+            sqlite3_busy_timeout(db, 2000);
             sqlite3_stmt* istruzione = nullptr;
             esito = sqlite3_prepare_v2(db, "SELECT name FROM sqlite_master WHERE type = 'table'", -1, &istruzione,
                                        nullptr);
@@ -54,6 +55,7 @@ QStringList tabelleDi(const QString& percorso)
                 sqlite3_finalize(istruzione);
         }
         sqlite3_close(db);
+        occupato = (esito & 0xff) == SQLITE_BUSY || (esito & 0xff) == SQLITE_LOCKED;
         if (esito == SQLITE_OK || (esito & 0xff) != SQLITE_READONLY)
             break;
         tabelle.clear();
@@ -130,7 +132,11 @@ QString verificaArchivioTomvera(const QString& percorso)
         return QStringLiteral("Il file è vuoto (0 byte), non è un archivio di Tomvera: ") + nome;
     if (!intestazioneSQLite(percorso))
         return QStringLiteral("Il file non è un archivio di Tomvera: ") + nome;
-    const QStringList tabelle = tabelleDi(percorso);
+    bool occupato = false;
+    const QStringList tabelle = tabelleDi(percorso, occupato);
+    // A database held by a writer can't be looked into now: the copy that follows waits for it, or says busy.
+    if (occupato)
+        return QString();
     const auto contiene
         = [&](const char* tabella) { return tabelle.contains(QLatin1String(tabella), Qt::CaseInsensitive); };
     if (!contiene("TabellaVersione") && contiene("TabellaCamereSky"))
@@ -142,8 +148,11 @@ QString verificaArchivioTomvera(const QString& percorso)
     return QString();
 }
 
-bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore, bool privata)
+bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore, bool privata,
+                     bool* occupato)
 {
+    if (occupato)
+        *occupato = false;
     if (!QFileInfo(sorgente).isFile()) {
         if (errore)
             *errore = QStringLiteral("Archivio non trovato");
@@ -162,7 +171,7 @@ bool copiaCompattata(const QString& sorgente, const QString& destinazione, QStri
     int esito = sqlite3_open_v2(percorso.constData(), &db, SQLITE_OPEN_READWRITE, nullptr);
     if (esito == SQLITE_OK) {
         // A writer committing at this moment holds the file for milliseconds: wait for it.
-        sqlite3_busy_timeout(db, 10000);
+        sqlite3_busy_timeout(db, 5000);
         sqlite3_stmt* istruzione = nullptr;
         esito = sqlite3_prepare_v2(db, "VACUUM INTO ?", -1, &istruzione, nullptr);
         if (esito == SQLITE_OK) {
@@ -176,6 +185,8 @@ bool copiaCompattata(const QString& sorgente, const QString& destinazione, QStri
     }
     if (esito != SQLITE_OK && errore)
         *errore = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(esito));
+    if (occupato)
+        *occupato = (esito & 0xff) == SQLITE_BUSY || (esito & 0xff) == SQLITE_LOCKED;
     sqlite3_close(db);
     if (esito != SQLITE_OK)
         rimuoviSilenzioso(destinazione);
@@ -193,12 +204,12 @@ bool spostaFile(const QString& da, const QString& a)
 }
 
 QString EseguiCopiaBackup(const QString& percorsoDB, const QString& cartella, const QString& nomeFile,
-                          const QString& cartellaLavoro)
+                          const QString& cartellaLavoro, bool* occupato)
 {
     QDir().mkpath(cartellaLavoro);
     const QString copia = QDir(cartellaLavoro).filePath(nomeCopia);
     rimuoviSilenzioso(copia);
-    if (!copiaCompattata(percorsoDB, copia))
+    if (!copiaCompattata(percorsoDB, copia, nullptr, false, occupato))
         return {};
     QDir().mkpath(cartella);
     const QString destinazione = QDir(cartella).filePath(nomeFile);
@@ -299,13 +310,18 @@ QString Manutenzione::EseguiBackup(const QString& cartella, const QDate& oggi, O
         : QStringLiteral("Eseguo il salvataggio archivio nel percorso indicato?");
     if (!m_interazione.domandaSiNo(domanda))
         return {};
+    const QString inUso
+        = QStringLiteral("Database in uso\nChiudere le applicazioni di Tomvera attive e ritentare il Backup");
     if (m_occupato && m_occupato(m_percorsoDB)) {
-        m_interazione.messaggio(
-            QStringLiteral("Database in uso\nChiudere le applicazioni di Tomvera attive e ritentare il Backup"), {},
-            Interazione::Icona::Avviso);
+        m_interazione.messaggio(inUso, {}, Interazione::Icona::Avviso);
         return {};
     }
-    const QString fatto = EseguiCopiaBackup(m_percorsoDB, cartella, nome, m_cartellaLavoro);
+    bool occupato = false;
+    const QString fatto = EseguiCopiaBackup(m_percorsoDB, cartella, nome, m_cartellaLavoro, &occupato);
+    if (occupato) {
+        m_interazione.messaggio(inUso, {}, Interazione::Icona::Avviso);
+        return {};
+    }
     if (fatto.isEmpty()) {
         m_interazione.messaggio(QStringLiteral("Attenzione, backup non eseguito: impossibile scrivere in ")
                                     + QDir::toNativeSeparators(cartella),
@@ -348,10 +364,10 @@ bool Manutenzione::RipristinaDb(const QString& fileBackup)
                                 Interazione::Icona::Critico);
         return false;
     }
+    const QString testoOccupato = QStringLiteral("IN QUESTO MOMENTO L'ARCHIVIO RISULTA OCCUPATO, \n"
+                                                 " RITENTARE L'OPERAZIONE DOPO AVER RIAVVIATO IL PROGRAMMA");
     if (m_occupato && m_occupato(m_percorsoDB)) {
-        m_interazione.messaggio(QStringLiteral("IN QUESTO MOMENTO L'ARCHIVIO RISULTA OCCUPATO, \n"
-                                               " RITENTARE L'OPERAZIONE DOPO AVER RIAVVIATO IL PROGRAMMA"),
-                                {}, Interazione::Icona::Avviso);
+        m_interazione.messaggio(testoOccupato, {}, Interazione::Icona::Avviso);
         return false;
     }
     Archivio::chiudiConnessioni(m_percorsoDB);
@@ -362,8 +378,10 @@ bool Manutenzione::RipristinaDb(const QString& fileBackup)
     QString copia;
     if (esisteArchivio) {
         copia = nuovaCopiaDiSicurezza();
-        if (!copiaCompattata(m_percorsoDB, copia, nullptr, true)) {
-            m_interazione.messaggio(problemi, {}, Interazione::Icona::Critico);
+        bool occupato = false;
+        if (!copiaCompattata(m_percorsoDB, copia, nullptr, true, &occupato)) {
+            // Someone is writing this very moment, registered or not: the same answer as for a user inside.
+            m_interazione.messaggio(occupato ? testoOccupato : problemi, {}, Interazione::Icona::Critico);
             return false;
         }
         m_ultimaCopia = copia;

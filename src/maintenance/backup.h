@@ -26,8 +26,9 @@ QStringList backupDaCancellare(const QStringList& nomiFile, int daMantenere, con
 // A consistent compacted copy of a live archive (SQLite's VACUUM INTO), safe while others write, made after
 // rolling back a journal left by a crash. The destination must not exist; `privata` creates it readable by
 // the owner only. False with the engine's message in `errore`.
+// `occupato` tells a copy refused because another program held the archive beyond the wait.
 bool copiaCompattata(const QString& sorgente, const QString& destinazione, QString* errore = nullptr,
-                     bool privata = false);
+                     bool privata = false, bool* occupato = nullptr);
 // "" when the file is an archive of this program, else the Italian reason: missing, empty, not a database,
 // another program's database (the pay-TV archive included), or without the key tables.
 QString verificaArchivioTomvera(const QString& percorso);
@@ -37,7 +38,7 @@ bool spostaFile(const QString& da, const QString& a);
 // Steps of a backup: copy to copia.mdb in the work folder, then into the folder under today's name.
 // Returns the path of the backup, empty when it could not be written.
 QString EseguiCopiaBackup(const QString& percorsoDB, const QString& cartella, const QString& nomeFile,
-                          const QString& cartellaLavoro);
+                          const QString& cartellaLavoro, bool* occupato = nullptr);
 
 // Holds the folder to `daMantenere` backups, never deleting the copy of `oggi`; returns the files deleted.
 QStringList CancellaFile(const QString& cartella, int daMantenere, const QDate& oggi);

@@ -69,6 +69,7 @@ private slots:
     void backupEdErrori();
     void ripristinoControUnComandoInCorso();
     void ripristinoConPercorsoRelativo();
+    void archivioBloccatoDaUnoScrittore();
     void unComandoCheScriveSiRegistra();
 };
 
@@ -269,6 +270,33 @@ void TestContrattoCli::ripristinoConPercorsoRelativo()
                                      QStringLiteral("--file"), QStringLiteral("./161126.mdb") });
     QDir::setCurrent(qui);
     QVERIFY2(e.codice == 0, qPrintable(e.err));
+}
+
+void TestContrattoCli::archivioBloccatoDaUnoScrittore()
+{
+    // A writer that holds the archive beyond the wait (not registered, as an older program): busy, said as such.
+    Albergo a;
+    CasaTemporanea casa;
+    const QString salvato = a.file(QStringLiteral("161126.mdb"));
+    QVERIFY(backup::copiaCompattata(a.percorso(), salvato));
+    QProcess scrittore;
+    scrittore.start(QStringLiteral(TOMVERA_AIUTANTE),
+                    { QStringLiteral("blocca"), a.percorso(), QStringLiteral("20000") });
+    QVERIFY(scrittore.waitForReadyRead(10000));
+    QCOMPARE(scrittore.readLine().trimmed(), QByteArray("bloccato"));
+    auto e = test::eseguiCli(
+        QStringLiteral("backup"),
+        { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), a.file(QStringLiteral("copie")) });
+    QCOMPARE(e.codice, 2);
+    QVERIFY2(e.err.startsWith(QStringLiteral("Backup non eseguito: archivio occupato")), qPrintable(e.err));
+    e = test::eseguiCli(QStringLiteral("ripristina"),
+                        { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--file"), salvato });
+    QCOMPARE(e.codice, 2);
+    QVERIFY2(e.err.startsWith(QStringLiteral("IN QUESTO MOMENTO L'ARCHIVIO RISULTA OCCUPATO")), qPrintable(e.err));
+    scrittore.kill();
+    scrittore.waitForFinished(10000);
+    QVERIFY(!QDir(a.file(QStringLiteral("copie"))).exists()
+            || QDir(a.file(QStringLiteral("copie"))).isEmpty(QDir::Files | QDir::NoDotAndDotDot));
 }
 
 void TestContrattoCli::unComandoCheScriveSiRegistra()
