@@ -1,5 +1,6 @@
 #include "collegamenti.h"
 
+#include "foundation/archivio.h"
 #include "foundation/avvio/avvio.h"
 #include "foundation/avvio/avvioselezioneutente.h"
 #include "foundation/configurazione.h"
@@ -9,6 +10,7 @@
 #include "foundation/sessione.h"
 #include "foundation/ui/fconfigurazioniwidget.h"
 #include "foundation/ui/finestraavvio.h"
+#include "guests/nomicomuni.h"
 #include "maintenance/backup.h"
 #include "maintenance/schermobackup.h"
 #include "maintenance/ui/backupwidget.h"
@@ -18,6 +20,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFileInfo>
 
 namespace tomvera {
 
@@ -57,6 +60,24 @@ void collegaManutenzione(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessio
     };
 }
 
+// The municipalities of the reference archive (ArchivioCodici.mdb), not of the hotel's own archive.
+void trasformaInMaiuscole(Sessione& sessione)
+{
+    Interazione& ui = sessione.interazione;
+    if (!QFileInfo::exists(sessione.PercorsoArchivioCodici)) {
+        ui.messaggio(QStringLiteral("Archivio dei codici non trovato: ") + sessione.PercorsoArchivioCodici, {},
+                     Interazione::Icona::Critico);
+        return;
+    }
+    Archivio codici(sessione.PercorsoArchivioCodici, sessione.errori);
+    if (!codici.apri() || !TrasformaNomiComuni(codici)) {
+        ui.messaggio(QStringLiteral("Trasformazione non riuscita: i nomi dei comuni sono rimasti com'erano."), {},
+                     Interazione::Icona::Critico);
+        return;
+    }
+    ui.messaggio(QStringLiteral("PROCEDURA TERMINATA"));
+}
+
 void collegaConfigurazioni(FinestraAvvio& finestra, Avvio& avvio, Sessione& sessione)
 {
     finestra.registraComando(QStringLiteral("mConfigurazioniGenerali"), [&finestra, &avvio, &sessione] {
@@ -71,14 +92,16 @@ void collegaConfigurazioni(FinestraAvvio& finestra, Avvio& avvio, Sessione& sess
                 manutenzione(sessione).OttimizzazioneArchivio();
                 avvio.apriConnessione();
             };
+            configurazioni.TrasformaInMaiuscole = [&sessione] { trasformaInMaiuscole(sessione); };
             configurazioni.RipristinaBackup = [&finestra, &sessione] {
                 SchermoBackup schermo(sessione, &altriNellArchivio);
                 schermo.Form_Load();
                 if (!schermo.RipristinaDb_Click())
                     return;
                 // The settings screen goes too: the restored archive is read by the next run.
+                // Closed without the unsaved-changes question: nothing may be written to the restored archive.
                 if (auto* impostazioni = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-                    impostazioni->reject();
+                    impostazioni->done(QDialog::Rejected);
                 finestra.fine();
             };
         };

@@ -48,7 +48,7 @@ Esito unaSessione(InterazioneQt& interazione, Orologio& orologio, GestioneErrori
     QObject::connect(&finestra, &FinestraAvvio::termina, &ciclo, &QEventLoop::quit);
     QObject::connect(&finestra, &FinestraAvvio::cambiaUtente, &ciclo, &QEventLoop::quit);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &ciclo, &QEventLoop::quit);
-    finestra.showMaximized();
+    finestra.mostra();
     ciclo.exec();
     interazione.setGenitore(nullptr);
     return avvio.CambiaUtente && !avvio.Terminato ? Esito::CambiaUtente : Esito::Fine;

@@ -16,6 +16,7 @@
 #include <QNetworkInterface>
 #include <QSqlRecord>
 #include <cmath>
+#include <variant>
 
 namespace tomvera {
 
@@ -155,6 +156,7 @@ void FConfigurazioni::Form_Load()
     BloccaIveInUso();
     CaricaUtenti();
     PulisciCampiUtente();
+    memorizzaStato();
 }
 
 QString FConfigurazioni::cartellaProgramma() const
@@ -264,8 +266,39 @@ bool FConfigurazioni::Registra_Click()
     CaricaConfigurazione(m_sessione);
     configurazione::calcolaValoriDerivati(valori);
     BloccaIveInUso();
+    memorizzaStato();
     operazioneEffettuata(ui);
     return true;
+}
+
+void FConfigurazioni::memorizzaStato()
+{
+    m_valoriMemorizzati = valori;
+}
+
+bool FConfigurazioni::modificato() const
+{
+    if (m_logoModificato || RimuoviPasswordProgramma || !PasswordProgramma.isEmpty()
+        || !ConfermaPasswordProgramma.isEmpty() || valori.ValIva != m_valoriMemorizzati.ValIva)
+        return true;
+    for (const configurazione::Campo& campo : configurazione::campi()) {
+        if (!campo.delloSchermo)
+            continue;
+        const bool diverso
+            = std::visit([&](auto membro) { return !(valori.*membro == m_valoriMemorizzati.*membro); }, campo.membro);
+        if (diverso)
+            return true;
+    }
+    return false;
+}
+
+bool FConfigurazioni::Fine_Click()
+{
+    if (!modificato())
+        return true;
+    if (!m_sessione.interazione.domandaSiNo(QStringLiteral("Salvare le modifiche apportate?")))
+        return true;
+    return Registra_Click();
 }
 
 bool FConfigurazioni::SalvaConfigurazioneSky()

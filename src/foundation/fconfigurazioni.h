@@ -74,6 +74,13 @@ public:
 
     // Check-in/out order, VAT checks, password, then one write; reloads the run's settings.
     bool Registra_Click();
+    // Whether the settings on screen differ from those read or last saved (values, logo, a typed password).
+    bool modificato() const;
+    // The values as they stand count as the saved ones (after the screen has shown them).
+    void memorizzaStato();
+    // ESCI, Esc and the close box: true when the screen may close. Unsaved changes are asked about first;
+    // on Yes the screen closes only if the save went through.
+    bool Fine_Click();
 
     // Leaving a backup folder field: a folder other than the default asks for confirmation; on No the
     // default comes back. True when the value stays.
@@ -117,6 +124,7 @@ private:
     QString m_passwordAmministratore; // as stored
     QString m_passwordUtente; // as stored, of the selected user
     std::array<double, 9> m_ivaMemorizzate {};
+    Configurazione m_valoriMemorizzati;
     std::array<bool, 9> m_bloccate {};
     bool m_logoModificato = false;
     QString m_fileLogo; // the picture chosen, written at the next save

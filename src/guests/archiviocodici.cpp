@@ -195,21 +195,28 @@ void ArchivioCodici::Command3_Click()
     if (!m_interazione.domandaSiNo(QStringLiteral("Attenzione questa operazione cancellerà tutti i dati presenti e "
                                                   "ripristinerà quelli originali, continuare?")))
         return;
-    m_ripristino(m_tabella);
-    m_interazione.messaggio(QStringLiteral("Procedura terminata"));
+    // The desk sees what the reset did: the rows now in the table, or that it was left as it was.
+    const std::optional<int> righe = m_ripristino(m_tabella);
+    const QString tabella = QStringLiteral("Tabella ") + QString::fromUtf8(descrizione(m_tabella).diChe);
+    if (righe)
+        m_interazione.messaggio(QStringLiteral("Procedura terminata\n\n") + tabella + QStringLiteral(": ")
+                                + QString::number(*righe) + QStringLiteral(" righe ripristinate"));
+    else
+        m_interazione.messaggio(QStringLiteral("Ripristino non riuscito: la ") + tabella.toLower()
+                                    + QStringLiteral(" è rimasta com'era."),
+                                {}, Interazione::Icona::Critico);
     m_campi = VoceCodice();
     Command2_Click();
 }
 
 ArchivioCodici::Ripristino ripristinoDaArchivioCodici(Archivio& archivio, GestioneErrori& errori, QString percorso)
 {
-    return [&archivio, &errori, percorso = std::move(percorso)](TabellaCodici tabella) {
+    return [&archivio, &errori, percorso = std::move(percorso)](TabellaCodici tabella) -> std::optional<int> {
         Archivio riferimento(percorso, errori);
         if (!riferimento.apri())
-            return false;
+            return std::nullopt;
         return schema::copiaTabellaCodici(archivio, riferimento, QLatin1String(descrizione(tabella).tabella),
-                                          schema::ModoCopiaCodici::Resetta)
-            .has_value();
+                                          schema::ModoCopiaCodici::Resetta);
     };
 }
 

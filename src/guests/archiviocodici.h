@@ -5,6 +5,7 @@
 #include <QList>
 #include <QString>
 #include <functional>
+#include <optional>
 
 namespace tomvera {
 
@@ -23,8 +24,8 @@ struct VoceCodice
 class ArchivioCodici
 {
 public:
-    // Restores one table from the reference archive (mode "Resetta"); false when it could not.
-    using Ripristino = std::function<bool(TabellaCodici)>;
+    // Restores one table from the reference archive (mode "Resetta"): the rows copied, none when it could not.
+    using Ripristino = std::function<std::optional<int>(TabellaCodici)>;
 
     ArchivioCodici(Archivio& archivio, Interazione& interazione, QString percorsoArchivioCodici, Ripristino ripristino);
 

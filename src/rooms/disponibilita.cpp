@@ -235,6 +235,31 @@ QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCame
     return QString::number(n.toInt());
 }
 
+std::optional<QHash<QString, int>> PersonePresentiPerCamera(Archivio& archivio, int piano, const QDate& dal,
+                                                            const QDate& al)
+{
+    QHash<QString, int> persone;
+    if (!dateValide(dal, al))
+        return persone;
+    // The per-room count with the room test widened to the floor's rooms and grouped: one statement per
+    // refresh instead of one per occupied tile. Each branch keeps its own filter so it can use its index.
+    const QString sql = QStringLiteral("SELECT NroCameraCliente, count(*) FROM TabellaAnagraficheAssociatePrenotazioni"
+                                       " INNER JOIN TabellaPrenotazioni ON"
+                                       " TabellaAnagraficheAssociatePrenotazioni.IndicePrenotazioneAssociata"
+                                       " = TabellaPrenotazioni.Indice"
+                                       " WHERE TabellaPrenotazioni.PrenotazioneChiusa = 0 AND ")
+        + casiPresenza(QStringLiteral("NroCameraCliente IN (SELECT NroCamera FROM TabellaStrutturaCamere"
+                                      " WHERE NroPiano = ?) AND"))
+        + QStringLiteral(" GROUP BY NroCameraCliente");
+    auto query = archivio.esegui(sql, parametriPresenza({ piano }, dal, al));
+    if (!query)
+        return std::nullopt;
+    // NOCASE groups "12a" with "12A" already; the key is folded the same way for the look-up.
+    while (query->next())
+        persone[query->value(0).toString().toLower()] += query->value(1).toInt();
+    return persone;
+}
+
 bool PersoneArrivate(Archivio& archivio, const QString& nroCamera, qint64 indicePrenotazione)
 {
     return archivio.esisteRiga(QStringLiteral("SELECT 1 FROM TabellaAnagraficheAssociatePrenotazioni"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDate>
+#include <QHash>
 #include <QString>
 #include <optional>
 
@@ -62,6 +63,10 @@ PrenotazioniCamera PiuPrenotazioni(Archivio& archivio, const QString& nroCamera,
 // Guests of open reservations staying in the room in the board's period, arrived or not, as text; "0" for
 // invalid dates.
 QString QuantePersoneInCameraPresenti(Archivio& archivio, const QString& nroCamera, const QDate& dal, const QDate& al);
+// The same count for every room of a floor in one grouped read (the board's tiles): room number in lower case ->
+// persons present; rooms with nobody are absent. None when the archive did not answer.
+std::optional<QHash<QString, int>> PersonePresentiPerCamera(Archivio& archivio, int piano, const QDate& dal,
+                                                            const QDate& al);
 // Whether a guest of the reservation in that room is marked arrived.
 bool PersoneArrivate(Archivio& archivio, const QString& nroCamera, qint64 indicePrenotazione);
 

@@ -13,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QHash>
 #include <QSqlRecord>
+#include <algorithm>
 
 namespace tomvera {
 
@@ -94,9 +95,18 @@ StatoPiano leggiPiano(Archivio& archivio, int piano, const QDate& dal, const QDa
             t.ColoreTipologia = tipo->colore;
             t.posti = tipo->posti;
         }
-        if (t.stato != StatoCamera::Libera)
-            t.personePresenti = QuantePersoneInCameraPresenti(archivio, t.NroCamera, dal, al).toInt();
         stato.tessere.push_back(std::move(t));
+    }
+    // Persons present for the whole floor at once; a free room shows none by definition.
+    const bool occupate = std::any_of(stato.tessere.begin(), stato.tessere.end(),
+                                      [](const Tessera& t) { return t.stato != StatoCamera::Libera; });
+    if (occupate) {
+        const auto persone = PersonePresentiPerCamera(archivio, piano, dal, al);
+        if (!persone)
+            return stato;
+        for (Tessera& t : stato.tessere)
+            if (t.stato != StatoCamera::Libera)
+                t.personePresenti = persone->value(t.NroCamera.toLower());
     }
     stato.letto = true;
     return stato;
@@ -230,6 +240,10 @@ void Tabellone::AggiornaGriglia_Click()
         = leggiPiano(archivio, NroPiano, Dal, Al, Righe(), Colonne(), multiAzienda() ? CodiceAzienda : QString());
     // A floor that could not be read shows nothing rather than another period's state.
     m_tessere = piano.letto ? std::move(piano.tessere) : std::vector<Tessera> {};
+    if (m_tessere.empty())
+        NessunaCamera = !archivio.esisteRiga(QStringLiteral("SELECT 1 FROM TabellaStrutturaCamere LIMIT 1"));
+    else
+        NessunaCamera = false;
     if (const auto s = CaricaQtaDisponibilitaCamere(archivio, Dal, Al))
         CamereDisponibili = *s;
     if (const auto s = CaricaQtaPersone(archivio, Dal, Al))
@@ -646,7 +660,10 @@ void Tabellone::PrenotazioneMultipla_Click()
 
 void Tabellone::AnnullaPrenotazioneMultipla_Click()
 {
+    // Cancelling drops the selection and leaves the multiple mode with its panel.
     Griglia.clear();
+    if (m_modo == Modo::Multipla)
+        m_modo = Modo::Normale;
     emit statoCambiato();
 }
 

@@ -84,6 +84,7 @@ public:
     const Tessera* tesseraDiCamera(const QString& nroCamera) const;
     QString CamereDisponibili; // "Camere Disponibili: n"
     QString PersonePresenti; // "Persone Presenti: n"
+    bool NessunaCamera = false; // the archive has no rooms at all yet
     QString TitoloBase;
     QString Titolo;
     double secondiRefresh = 0;

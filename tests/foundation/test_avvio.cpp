@@ -24,6 +24,7 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <memory>
 
 using namespace tomvera;
@@ -267,10 +268,39 @@ void TestAvvioSelezioneUtente::confrontoVersioni()
     a.avvia();
     QVERIFY(!a.avvio.VerAggiornato);
 
-    // Older archive: upgraded, version stored, the label says so.
+    // Older archive, and an upgrade that does not go through: the old number stays, so the next start tries
+    // again; no "upgraded" label, no login on a half-upgraded archive.
     QVERIFY(a.esegui(QStringLiteral("UPDATE TabellaVersione SET Versione = '3.9.3'")));
+    a.avvio.eseguiAggiornamento = [](const std::function<void(const QString&)>& registro) {
+        registro(QStringLiteral("Controllo Tabella TabellaUtenti Effettuato"));
+        return false;
+    };
+    a.avvia();
+    QVERIFY(!a.avvio.VerAggiornato);
+    QVERIFY(!a.avvio.Ver.startsWith(QStringLiteral("Aggiornamento eseguito")));
+    QVERIFY(!a.avvio.AccediAbilitato);
+    QCOMPARE(a.interazione.ultimoTesto(), AvvioSelezioneUtente::testoAggiornamentoNonRiuscito());
+    QCOMPARE(a.valore(QStringLiteral("SELECT Versione FROM TabellaVersione")).toString(), QStringLiteral("3.9.3"));
+    QVERIFY(a.esegui(QStringLiteral("DELETE FROM TabellaVersione")));
+    a.avvia();
+    QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM TabellaVersione")).toInt(), 0);
+    QVERIFY(a.esegui(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES ('3.9.3')")));
+    a.avvio.eseguiAggiornamento = nullptr;
+
+    // The real upgrade: version stored, the label says so, every step reported on the way.
+    QList<int> passi;
+    int totale = 0;
+    a.avvio.avanzamentoAggiornamento = [&](const QString&, int fatti, int di) {
+        passi << fatti;
+        totale = di;
+    };
     a.avvia();
     QVERIFY(a.avvio.VerAggiornato);
+    QVERIFY(a.avvio.AccediAbilitato);
+    QVERIFY(passi.size() > 20);
+    QVERIFY(std::is_sorted(passi.begin(), passi.end()));
+    QCOMPARE(passi.last(), totale);
+    a.avvio.avanzamentoAggiornamento = nullptr;
     QCOMPARE(a.avvio.Ver, QStringLiteral("Aggiornamento eseguito alla versione: 3.9.4"));
     QCOMPARE(a.valore(QStringLiteral("SELECT Versione FROM TabellaVersione")).toString(), QStringLiteral("3.9.4"));
     QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM TabellaVersione")).toInt(), 1);
@@ -403,6 +433,7 @@ private slots:
     void titoloEFileLaterali();
     void troppiUtenti();
     void permessiDeiComandi();
+    void comandiControllatiDallaLogica();
     void fine();
 };
 
@@ -502,6 +533,50 @@ void TestAvvio::permessiDeiComandi()
     QVERIFY(a.avvio.Accedi_Click());
     const QStringList amministratore = Avvio(a.sessione).SettaPermessiUtente();
     QCOMPARE(amministratore.size(), int(Avvio::menu().size() + Avvio::comandi().size()));
+}
+
+// A limited user who reaches a command by another path than its button (a shortcut, a stale menu, a script) is
+// refused by the logic itself: by the command's own right and by the menu it sits in.
+void TestAvvio::comandiControllatiDallaLogica()
+{
+    AmbienteAvvio a;
+    {
+        Archivio archivio(a.sessione.PercorsoDB, a.errori);
+        QVERIFY(archivio.apri());
+        utenti::Utente marco;
+        marco.nome = QStringLiteral("Marco");
+        marco.diritti.Anagrafiche = true;
+        QVERIFY(utenti::salvaUtente(archivio, marco) > 0);
+    }
+    a.avvia();
+    a.avvio.Utente_Click(QStringLiteral("Marco"));
+    QVERIFY(a.avvio.Accedi_Click());
+    Avvio avvio(a.sessione);
+    QStringList eseguiti;
+    for (const Avvio::Comando& c : Avvio::comandi())
+        avvio.registraComando(c.nome, [&eseguiti, nome = c.nome] { eseguiti << nome; });
+    a.interazione.pulisci();
+    // Its own right, a right of its menu, administrator only, administrator-only menu with a free item.
+    for (const char* rifiutato :
+         { "Command2", "mListinoCamere", "mPagamenti", "Command8", "mBackup", "mConfigurazioniGenerali",
+           "mConfigurazioniCamere", "mConfigurazioneTabelle", "mStampaSituazione", "m_CreditiPerCliente" }) {
+        QVERIFY2(!avvio.esegui(QLatin1String(rifiutato)), rifiutato);
+        QCOMPARE(a.interazione.ultimoTesto(), Avvio::testoNonAbilitato());
+    }
+    QVERIFY(eseguiti.isEmpty());
+    for (const char* aperto : { "Anagrafiche", "mInfo", "mStampaPianoCamere", "M_Classico", "Fine" })
+        QVERIFY2(avvio.esegui(QLatin1String(aperto)), aperto);
+    QCOMPARE(eseguiti.size(), 5);
+    // Whatever SettaPermessiUtente shows is what esegui lets through.
+    const QStringList visibili = avvio.SettaPermessiUtente();
+    for (const Avvio::Comando& c : Avvio::comandi())
+        QCOMPARE(avvio.consentito(c.nome),
+                 visibili.contains(c.nome) && (c.menu.isEmpty() || visibili.contains(c.menu)));
+    // An unregistered command does nothing and says nothing.
+    Avvio vuoto(a.sessione);
+    a.interazione.pulisci();
+    QVERIFY(!vuoto.esegui(QStringLiteral("Anagrafiche")));
+    QVERIFY(a.interazione.testi().isEmpty());
 }
 
 void TestAvvio::fine()

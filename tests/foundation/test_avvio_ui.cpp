@@ -16,10 +16,12 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -64,6 +66,7 @@ class TestAvvioSelezioneUtenteWidget : public QObject
 private slots:
     void primoAvvioCreaEAccede();
     void passwordErrataEdEscape();
+    void aggiornamentoConAvanzamento();
 };
 
 void TestAvvioSelezioneUtenteWidget::primoAvvioCreaEAccede()
@@ -128,6 +131,45 @@ void TestAvvioSelezioneUtenteWidget::passwordErrataEdEscape()
     QTest::keyClick(&b.schermo, Qt::Key_Escape);
     QCOMPARE(b.schermo.result(), int(QDialog::Rejected));
     QVERIFY(b.logica.Terminato);
+}
+
+// The upgrade of an older archive shows its steps while it runs, and the label claims success only after one.
+void TestAvvioSelezioneUtenteWidget::aggiornamentoConAvanzamento()
+{
+    Banco b;
+    b.schermo.avvia();
+    b.schermo.show();
+    QTest::mouseClick(b.trova<QPushButton>("Command5"), Qt::LeftButton);
+    const auto versione = [&](const char* v) {
+        Archivio archivio(b.sessione.PercorsoDB, b.errori);
+        QVERIFY(archivio.apri());
+        QVERIFY(archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ?"), { QLatin1String(v) }));
+    };
+    versione("3.9.3");
+    QStringList visti;
+    bool riesce = false;
+    b.logica.eseguiAggiornamento = [&](const std::function<void(const QString&)>& registro) {
+        for (const char* riga : { "Controllo Tabella TabellaUtenti Effettuato", "COMANDO ESEGUITO" }) {
+            registro(QLatin1String(riga));
+            auto* barra = b.schermo.findChild<QProgressDialog*>(QStringLiteral("AggiornamentoArchivio"));
+            if (barra && barra->isVisible())
+                visti << barra->labelText() + QLatin1Char('|') + QString::number(barra->value());
+        }
+        return riesce;
+    };
+    b.schermo.avvia();
+    QCOMPARE(visti,
+             (QStringList { QStringLiteral("Controllo Tabella TabellaUtenti Effettuato|1"),
+                            QStringLiteral("COMANDO ESEGUITO|2") }));
+    QVERIFY(!b.trova<QLabel>("Ver")->text().startsWith(QStringLiteral("Aggiornamento eseguito")));
+    QVERIFY(!b.trova<QPushButton>("Accedi")->isEnabled());
+    QCOMPARE(b.interazione.ultimoTesto(), AvvioSelezioneUtente::testoAggiornamentoNonRiuscito());
+    // Done: the bar goes away and the label says so.
+    riesce = true;
+    b.schermo.avvia();
+    QVERIFY(!b.schermo.findChild<QProgressDialog*>(QStringLiteral("AggiornamentoArchivio"))->isVisible());
+    QCOMPARE(b.trova<QLabel>("Ver")->text(), QStringLiteral("Aggiornamento eseguito alla versione: 3.9.4"));
+    QVERIFY(b.trova<QPushButton>("Accedi")->isEnabled());
 }
 
 TOMVERA_TEST(TestAvvioSelezioneUtenteWidget)

@@ -56,11 +56,72 @@ class TestFConfigurazioniUi : public QObject
     Q_OBJECT
 private slots:
     void salvaDalloSchermo();
+    void chiusuraConModifiche();
     void utentiDalloSchermo();
     void comandiSenzaGestoreNascosti();
     void cancelloPassword();
     void fotografieDelleSchede();
 };
+
+// Esc, ESCI and the close box all ask before dropping edits; an untouched screen closes without a word.
+void TestFConfigurazioniUi::chiusuraConModifiche()
+{
+    Banco b;
+    auto& i = b.t.interazione();
+    const QString domanda = QStringLiteral("Salvare le modifiche apportate?");
+    {
+        FConfigurazioniWidget w(b.sessione);
+        w.carica();
+        w.show();
+        QTest::keyClick(&w, Qt::Key_Escape);
+        QVERIFY(!w.isVisible());
+        QVERIFY(i.testi().isEmpty());
+    }
+    {
+        // Esc, No: the edits are dropped on purpose and nothing is written.
+        FConfigurazioniWidget w(b.sessione);
+        w.carica();
+        w.show();
+        trova<QLineEdit>(w, "RagSociale")->setText(QStringLiteral("Hotel Perso"));
+        i.rispondiNo(domanda);
+        QTest::keyClick(&w, Qt::Key_Escape);
+        QVERIFY(!w.isVisible());
+        QVERIFY(b.valore("SELECT RagSociale FROM Configurazioni").toString().isEmpty());
+    }
+    {
+        // ESCI, Yes: saved, then closed.
+        FConfigurazioniWidget w(b.sessione);
+        w.carica();
+        w.show();
+        trova<QLineEdit>(w, "RagSociale")->setText(QStringLiteral("Hotel Tre Pini"));
+        i.rispondiSi(domanda);
+        clic(w, "Fine");
+        QVERIFY(!w.isVisible());
+        QCOMPARE(b.valore("SELECT RagSociale FROM Configurazioni").toString(), QStringLiteral("Hotel Tre Pini"));
+    }
+    {
+        // The close box, Yes, but the save is refused: the screen stays open with the edits on it.
+        FConfigurazioniWidget w(b.sessione);
+        w.carica();
+        w.show();
+        trova<QTimeEdit>(w, "CheckInDalleOre")->setTime(QTime(9, 0));
+        trova<QTimeEdit>(w, "CheckOutEntroLeOre")->setTime(QTime(11, 0));
+        i.rispondiSi(domanda);
+        w.close();
+        QVERIFY(w.isVisible());
+        QVERIFY(i.ultimoTesto().startsWith(QStringLiteral("Attenzione l'ora di check-in")));
+        QCOMPARE(trova<QTimeEdit>(w, "CheckInDalleOre")->time(), QTime(9, 0));
+        // A typed password alone is an edit too.
+        trova<QTimeEdit>(w, "CheckInDalleOre")->setTime(QTime(14, 0));
+        clic(w, "Registra");
+        trova<QLineEdit>(w, "PasswordProgramma")->setText(QStringLiteral("Segreta1"));
+        i.rispondiNo(domanda);
+        clic(w, "Fine");
+        QVERIFY(!w.isVisible());
+    }
+    QVERIFY2(i.errore().isEmpty(), qPrintable(i.errore()));
+    QVERIFY(i.risposteFinite());
+}
 
 void TestFConfigurazioniUi::salvaDalloSchermo()
 {

@@ -246,7 +246,10 @@ void TestTabelleCodici::schermataRicercaERipristino()
     auto& i = t.interazione();
     int ripristini = 0;
     const QString riferimento = scriviFile(t.cartella(), QStringLiteral("ArchivioCodici.mdb"), "x");
-    ArchivioCodici s(t.archivio(), i, riferimento, [&](TabellaCodici) { return ++ripristini > 0; });
+    ArchivioCodici s(t.archivio(), i, riferimento, [&](TabellaCodici) -> std::optional<int> {
+        ++ripristini;
+        return ripristini == 1 ? std::optional<int>(7) : std::nullopt;
+    });
     s.selezionaTabella(TabellaCodici::Comuni);
     QCOMPARE(s.griglia().size(), 3);
     s.ricerca().descrizione = QStringLiteral("ROMA");
@@ -268,10 +271,14 @@ void TestTabelleCodici::schermataRicercaERipristino()
     i.rispondiSi(QStringLiteral("ripristinerà quelli originali"));
     s.Command3_Click();
     QCOMPARE(ripristini, 1);
-    QCOMPARE(i.ultimoTesto(), QStringLiteral("Procedura terminata"));
+    QCOMPARE(i.ultimoTesto(), QStringLiteral("Procedura terminata\n\nTabella dei comuni: 7 righe ripristinate"));
+    // A reset that failed says so: the desk must not believe the table was restored.
+    i.rispondiSi(QStringLiteral("ripristinerà quelli originali"));
+    s.Command3_Click();
+    QCOMPARE(i.ultimoTesto(), QStringLiteral("Ripristino non riuscito: la tabella dei comuni è rimasta com'era."));
     // Without the reference archive the command does nothing at all.
     ArchivioCodici senza(t.archivio(), i, t.cartella() + QStringLiteral("/manca.mdb"),
-                         [&](TabellaCodici) { return ++ripristini > 0; });
+                         [&](TabellaCodici) -> std::optional<int> { return ++ripristini; });
     i.pulisci();
     senza.Command3_Click();
     QVERIFY(i.testi().isEmpty());
@@ -297,7 +304,7 @@ void TestTabelleCodici::ripristinoDalRiferimento()
     QCOMPARE(s.griglia().size(), 1);
     i.rispondiSi(QStringLiteral("ripristinerà quelli originali"));
     s.Command3_Click();
-    QCOMPARE(i.ultimoTesto(), QStringLiteral("Procedura terminata"));
+    QCOMPARE(i.ultimoTesto(), QStringLiteral("Procedura terminata\n\nTabella dei documenti: 2 righe ripristinate"));
     QCOMPARE(s.griglia().size(), 2);
     QCOMPARE(s.griglia().first().descrizione, QStringLiteral("CARTA DI IDENTITA'"));
     QCOMPARE(CercaCodiceTabella(t.archivio(), QStringLiteral("passaporto ordinario"), QStringLiteral("Documento")),

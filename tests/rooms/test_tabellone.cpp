@@ -1,8 +1,10 @@
 #include "bancotabellone.h"
 #include "foundation/variabili.h"
+#include "rooms/disponibilita.h"
 #include "rooms/tabellone.h"
 #include "testmain.h"
 
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -128,6 +130,7 @@ private slots:
     void pianiEScelteRicordate();
     void strisciaSceltaDate();
     void informazioniCamera();
+    void personePresentiRaggruppate();
 };
 
 namespace {
@@ -378,9 +381,10 @@ void TestTabellone::selezioneMultipla()
     QCOMPARE(t->Griglia.size(), MassimoCamereSelezionate);
     QCOMPARE(b.interazione().ultimoTesto(),
              QStringLiteral("Attenzione, non è possibile selezionare più di 100 camere!"));
+    // "Annulla" drops the selection and closes the multiple mode with its panel.
     t->AnnullaPrenotazioneMultipla_Click();
     QVERIFY(t->Griglia.isEmpty());
-    QCOMPARE(t->modo(), Tabellone::Modo::Multipla);
+    QCOMPARE(t->modo(), Tabellone::Modo::Normale);
 }
 
 void TestTabellone::aggiuntaCamera()
@@ -524,6 +528,61 @@ void TestTabellone::informazioniCamera()
     QVERIFY(t->TimerInfoCamera.isActive());
     QTRY_VERIFY_WITH_TIMEOUT(!t->InfoCameraVisibile, 2000);
     QCOMPARE(t->tesseraEvidenziata, 0);
+}
+
+// The floor's one grouped read must give every tile what the per-room count gives, whatever the data: guests
+// with missing dates, closed reservations, other floors, room numbers in another case.
+void TestTabellone::personePresentiRaggruppate()
+{
+    test::BancoTabellone b(4, 10);
+    QRandomGenerator caso(20260610);
+    QStringList camere;
+    for (int piano = 1; piano <= 2; ++piano)
+        for (int i = 0; i < 12; ++i) {
+            const QString nro = QString::number(piano * 100 + i) + (i % 5 == 0 ? QStringLiteral("b") : QString());
+            camere << nro;
+            QVERIFY(b.camera(nro, piano, i % 10, i / 10));
+        }
+    const auto giorno = [&] { return giugno(1).addDays(caso.bounded(40)); };
+    for (int n = 0; n < 150; ++n) {
+        const QString camera = camere.at(caso.bounded(camere.size()));
+        const QDate dal = giorno();
+        const QDate al = dal.addDays(1 + caso.bounded(6));
+        const qint64 p = b.righeProva.prenotazione(caso.bounded(8) == 0);
+        QVERIFY(b.righeProva.movimentoCamera(p, camera, dal, al));
+        for (int o = caso.bounded(4); o >= 0; --o) {
+            QDate arrivo = dal, partenza = al;
+            const int buco = caso.bounded(10);
+            if (buco == 0)
+                arrivo = QDate();
+            else if (buco == 1)
+                partenza = QDate();
+            const QString scritta = caso.bounded(3) == 0 ? camera.toUpper() : camera;
+            QVERIFY(b.righeProva.ospite(p, scritta, arrivo, partenza, caso.bounded(3) - 1));
+        }
+    }
+    for (int prova = 0; prova < 12; ++prova) {
+        const QDate dal = giorno();
+        const QDate al = dal.addDays(prova % 2 == 0 ? 1 : 1 + caso.bounded(7));
+        for (int piano = 1; piano <= 2; ++piano) {
+            const auto gruppi = PersonePresentiPerCamera(b.archivio(), piano, dal, al);
+            QVERIFY(gruppi);
+            const StatoPiano stato = leggiPiano(b.archivio(), piano, dal, al, 4, 10);
+            QVERIFY(stato.letto);
+            for (const QString& camera : camere) {
+                if (!camera.startsWith(QString::number(piano)))
+                    continue;
+                const int attesi = QuantePersoneInCameraPresenti(b.archivio(), camera, dal, al).toInt();
+                QCOMPARE(gruppi->value(camera.toLower()), attesi);
+                const Tessera* t = nullptr;
+                for (const Tessera& x : stato.tessere)
+                    if (x.NroCamera == camera)
+                        t = &x;
+                QVERIFY(t);
+                QCOMPARE(t->personePresenti, t->stato == StatoCamera::Libera ? 0 : attesi);
+            }
+        }
+    }
 }
 
 TOMVERA_TEST(TestTabellone)

@@ -2,6 +2,7 @@
 #include "fotografie.h"
 #include "foundation/avvio/avvio.h"
 #include "foundation/ui/finestraavvio.h"
+#include "foundation/utenti.h"
 #include "rooms/tabellone.h"
 #include "rooms/ui/finestrecatalogo.h"
 #include "rooms/ui/pannellotabellone.h"
@@ -11,6 +12,7 @@
 #include "testmain.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QDir>
@@ -20,6 +22,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace tomvera;
@@ -212,6 +215,9 @@ class TestTabelloneAvvio : public QObject
     Q_OBJECT
 private slots:
     void dirittiEMenu();
+    void aiutiDellaScrivania();
+    void cancelloConfigurazioneCamere();
+    void finestraMassimizzataRicordata();
 };
 
 void TestTabelloneAvvio::dirittiEMenu()
@@ -258,6 +264,143 @@ void TestTabelloneAvvio::dirittiEMenu()
     finestra.SettaPermessiUtente();
     QVERIFY(finestra.azione(QStringLiteral("mConfigurazioniCamere"))->isVisible());
     QVERIFY(finestra.findChild<QMenu*>(QStringLiteral("mConfigurazioni"))->menuAction()->isVisible());
+}
+
+// What a new receptionist meets: the short buttons explain themselves, "Annulla" closes the multiple selection,
+// "Menù" never turns into a blank button, and an archive without rooms says where they are made.
+void TestTabelloneAvvio::aiutiDellaScrivania()
+{
+    test::BancoTabellone b(2, 3);
+    Avvio avvio(b.sessione);
+    FinestraAvvio finestra(avvio);
+    // Owned by the window, as in the program: the board outlives the window's widgets.
+    auto& tabellone = *new TabelloneAvvio(finestra, b.sessione);
+    finestra.resize(1280, 800);
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&finestra));
+    tabellone.logica().Aggiorna_Click();
+    for (const char* nome : { "PrenotazioneMultipla", "InformazioniCamera", "MostraCalendario" })
+        QVERIFY2(!finestra.findChild<QAbstractButton*>(QLatin1String(nome))->toolTip().isEmpty(), nome);
+
+    auto* suggerimento = finestra.findChild<QLabel*>(QStringLiteral("SuggerimentoCamere"));
+    QVERIFY(suggerimento->isVisible());
+    QVERIFY(suggerimento->text().contains(QStringLiteral("Configurazione Camere")));
+    fotografa(finestra, QStringLiteral("avvio_archivio_vuoto"));
+    QVERIFY(b.camera(QStringLiteral("101"), 1, 0, 0));
+    tabellone.logica().Aggiorna_Click();
+    QVERIFY(!suggerimento->isVisible());
+
+    auto* multipla = finestra.findChild<QPushButton*>(QStringLiteral("PrenotazioneMultipla"));
+    auto* frame = finestra.findChild<QWidget*>(QStringLiteral("FramePrenotazioneMultipla"));
+    QTest::mouseClick(multipla, Qt::LeftButton);
+    QVERIFY(frame->isVisible());
+    QTest::mouseClick(finestra.findChild<QPushButton*>(QStringLiteral("AnnullaPrenotazioneMultipla")), Qt::LeftButton);
+    QVERIFY(!frame->isVisible());
+    QVERIFY(!multipla->isChecked());
+
+    QPushButton* menu = finestra.pulsante(QStringLiteral("Menu"));
+    auto* barra = finestra.findChild<QWidget*>(QStringLiteral("FrameMenu"));
+    const int larghezza = menu->width();
+    QTest::mouseClick(menu, Qt::LeftButton);
+    QVERIFY(!barra->isVisible());
+    QVERIFY(menu->text().startsWith(QStringLiteral("Menù")));
+    QVERIFY(menu->width() >= larghezza);
+    QTest::mouseClick(menu, Qt::LeftButton);
+    QVERIFY(barra->isVisible());
+    QCOMPARE(menu->text(), QStringLiteral("Menù"));
+}
+
+// The rooms' layout is behind the administrator's password like the settings: a wrong one ends the run and
+// the screen never opens.
+void TestTabelloneAvvio::cancelloConfigurazioneCamere()
+{
+    test::BancoTabellone b;
+    QVERIFY(b.archivio().comando(QStringLiteral("INSERT INTO Configurazioni (RagSociale) VALUES ('Hotel')")));
+    QVERIFY(utenti::salvaPasswordAmministratore(b.archivio(), utenti::CifraPassword(QStringLiteral("Chiave9"))));
+    Avvio avvio(b.sessione);
+    FinestraAvvio finestra(avvio);
+
+    new TabelloneAvvio(finestra, b.sessione);
+    QStringList aperte;
+    const auto rispondi = [&](const QString& password) {
+        QTimer::singleShot(0, [&, password] {
+            QWidget* modale = QApplication::activeModalWidget();
+            aperte << (modale ? modale->objectName() : QString());
+            if (!modale || modale->objectName() != QLatin1String("F_Pass"))
+                return;
+            modale->findChild<QLineEdit*>(QStringLiteral("Password"))->setText(password);
+            // The screen behind the gate, if it opens, is closed by the next turn.
+            QTimer::singleShot(0, [&] {
+                QWidget* dopo = QApplication::activeModalWidget();
+                aperte << (dopo ? dopo->objectName() : QString());
+                if (auto* d = qobject_cast<QDialog*>(dopo))
+                    d->done(QDialog::Rejected);
+            });
+            QTest::mouseClick(modale->findChild<QPushButton*>(QStringLiteral("Ok")), Qt::LeftButton);
+        });
+    };
+    finestra.show();
+    rispondi(QStringLiteral("Chiave9"));
+    finestra.azione(QStringLiteral("mConfigurazioniCamere"))->trigger();
+    QTest::qWait(30); // the scripted answers run out while the test's locals are alive
+    QCOMPARE(aperte, (QStringList { QStringLiteral("F_Pass"), QStringLiteral("F_ConfiguraGriglia") }));
+    QVERIFY(!avvio.Terminato);
+    aperte.clear();
+    rispondi(QStringLiteral("sbagliata"));
+    finestra.azione(QStringLiteral("mConfigurazioniCamere"))->trigger();
+    QTest::qWait(30);
+    QCOMPARE(aperte.first(), QStringLiteral("F_Pass"));
+    QVERIFY(!aperte.contains(QStringLiteral("F_ConfiguraGriglia")));
+    QCOMPARE(b.interazione().ultimoTesto(), QStringLiteral("PASSWORD ERRATA"));
+    QVERIFY(avvio.Terminato);
+}
+
+// The main window opens maximised, keeps the desk's choice of a smaller one, and the tiles use the room.
+void TestTabelloneAvvio::finestraMassimizzataRicordata()
+{
+    test::BancoTabellone b(3, 5);
+    for (int i = 0; i < 15; ++i)
+        QVERIFY(b.camera(QString::number(101 + i), 1, i % 5, i / 5));
+    {
+        Avvio avvio(b.sessione);
+        FinestraAvvio finestra(avvio);
+        // Owned by the window, as in the program: the board outlives the window's widgets.
+        new TabelloneAvvio(finestra, b.sessione);
+        finestra.mostra();
+        QVERIFY(QTest::qWaitForWindowExposed(&finestra));
+        QVERIFY(finestra.isMaximized());
+        finestra.showNormal();
+        QVERIFY(!finestra.isMaximized());
+    }
+    Avvio avvio(b.sessione);
+    QVERIFY(!avvio.FinestraMassimizzata());
+    FinestraAvvio finestra(avvio);
+    // Owned by the window, as in the program: the board outlives the window's widgets.
+    auto& tabellone = *new TabelloneAvvio(finestra, b.sessione);
+    finestra.mostra();
+    QVERIFY(!finestra.isMaximized());
+    finestra.showMaximized();
+    QVERIFY(avvio.FinestraMassimizzata());
+
+    // Tiles fill the board: at 1280x800 and 1600x1000 the grid takes most of the frame's height or width.
+    for (const QSize dimensione : { QSize(1280, 800), QSize(1600, 1000) }) {
+        finestra.showNormal();
+        finestra.resize(dimensione);
+        QTest::qWait(20);
+        tabellone.logica().daRicostruire = true;
+        tabellone.logica().Aggiorna_Click();
+        VistaTabellone& vista = *tabellone.pannello()->vista();
+        QRectF tessere;
+        for (int n = 1; n <= 15; ++n)
+            tessere = tessere.united(vista.riquadroTessera(n));
+        QVERIFY2(tessere.height() >= vista.height() * 0.7 || tessere.width() >= vista.width() * 0.7,
+                 qPrintable(QStringLiteral("%1x%2 in %3x%4")
+                                .arg(tessere.width())
+                                .arg(tessere.height())
+                                .arg(vista.width())
+                                .arg(vista.height())));
+        fotografa(finestra, QStringLiteral("avvio_%1x%2").arg(dimensione.width()).arg(dimensione.height()));
+    }
 }
 
 TOMVERA_TEST(TestTabelloneAvvio)

@@ -9,6 +9,7 @@
 #include "foundation/orologio.h"
 #include "foundation/piattaforma.h"
 #include "foundation/sessione.h"
+#include "foundation/variabili.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -220,6 +221,78 @@ QStringList Avvio::SettaPermessiUtente() const
             permessi << c.nome;
     }
     return permessi;
+}
+
+void Avvio::registraComando(const QString& nome, std::function<void()> azione)
+{
+    for (auto& [n, a] : m_azioni) {
+        if (n == nome) {
+            a = std::move(azione);
+            return;
+        }
+    }
+    m_azioni.emplace_back(nome, std::move(azione));
+}
+
+bool Avvio::comandoRegistrato(const QString& nome) const
+{
+    for (const auto& [n, a] : m_azioni)
+        if (n == nome)
+            return bool(a);
+    return false;
+}
+
+bool Avvio::consentito(const QString& nome) const
+{
+    const bool amministratore = accesso::amministratore(m_sessione);
+    const auto haDiritto = [this](const QString& diritto) { return accesso::haDiritto(m_sessione, diritto); };
+    for (const Comando& c : comandi()) {
+        if (c.nome != nome)
+            continue;
+        if (!permesso(c.regola, c.diritto, amministratore, haDiritto))
+            return false;
+        for (const Menu& m : menu())
+            if (m.nome == c.menu && !permesso(m.regola, m.diritto, amministratore, haDiritto))
+                return false;
+        return true;
+    }
+    // The board's own controls (floor, dates, selection) are open to whoever sees the board.
+    return true;
+}
+
+bool Avvio::esegui(const QString& nome)
+{
+    std::function<void()> azione;
+    for (const auto& [n, a] : m_azioni)
+        if (n == nome)
+            azione = a;
+    if (!azione)
+        return false;
+    if (!consentito(nome)) {
+        m_sessione.interazione.messaggio(testoNonAbilitato(), {}, Interazione::Icona::Critico);
+        return false;
+    }
+    azione();
+    return true;
+}
+
+namespace {
+const QString chiaveFinestraRidotta = QStringLiteral("Avvio_FinestraRidotta");
+}
+
+bool Avvio::FinestraMassimizzata() const
+{
+    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+    if (!archivio.apri())
+        return true;
+    return Variabili(archivio).LeggiVariabileNumero(chiaveFinestraRidotta) == 0;
+}
+
+void Avvio::SalvaFinestraMassimizzata(bool massimizzata)
+{
+    Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+    if (archivio.apri())
+        Variabili(archivio).SalvaVariabileNumero(chiaveFinestraRidotta, massimizzata ? 0 : 1);
 }
 
 int Avvio::intervalloCentralinoMs() const

@@ -57,9 +57,23 @@ public:
     // The names of the commands and menus the logged-in user may use.
     QStringList SettaPermessiUtente() const;
 
+    // What a command of the window does (by its control name), registered by the program. Commands run only
+    // through esegui, which checks the user's rights here: a hidden button is not the only guard.
+    void registraComando(const QString& nome, std::function<void()> azione);
+    bool comandoRegistrato(const QString& nome) const;
+    // Whether the user may run the command: its own rule and that of the menu it sits in.
+    bool consentito(const QString& nome) const;
+    // Runs the command; false when it is unknown or the user's rights refuse it (said with a message).
+    bool esegui(const QString& nome);
+    static QString testoNonAbilitato() { return QStringLiteral("Attenzione, utente non abilitato a questa funzione!"); }
+
     void Fine_Click();
     bool mFine_Click(); // true when the user confirmed
     void mCambiaUtente_Click();
+
+    // The desk's choice of a maximised main window (the default) or a smaller one, kept in the archive.
+    bool FinestraMassimizzata() const;
+    void SalvaFinestraMassimizzata(bool massimizzata);
 
     // TimerCentralino runs every SecondiAggiornamentoCentralino seconds (at least one).
     int intervalloCentralinoMs() const;
@@ -85,6 +99,7 @@ private:
 
     Sessione& m_sessione;
     std::unique_ptr<Archivio> m_connessione;
+    std::vector<std::pair<QString, std::function<void()>>> m_azioni;
 };
 
 } // namespace tomvera

@@ -6,13 +6,18 @@
 #include "foundation/piattaforma.h"
 #include "foundation/routines.h"
 #include "foundation/schema/creazionedb.h"
+<<<<<<< HEAD
 #include "foundation/schema/versione.h"
+=======
+#include "foundation/schema/tabelle.h"
+>>>>>>> main
 #include "foundation/sessione.h"
 #include "foundation/utenti.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tomvera {
 
@@ -156,10 +161,14 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
         if (archivio.apri())
             riga = archivio.riga(QStringLiteral("select * from TabellaVersione "));
     }
-    const auto aggiorna = [&] { CreazioneDB(percorsiCreazione(m_sessione), m_sessione.errori).CreaDB_Click(); };
     if (!riga) {
+<<<<<<< HEAD
         aggiorna();
         // Checked and written under one lock: two desks starting together leave one row.
+=======
+        if (!aggiornaArchivio())
+            return aggiornamentoNonRiuscito();
+>>>>>>> main
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
         if (archivio.apri())
             schema::ScriviVersione(archivio, versioneProgramma);
@@ -168,10 +177,19 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
     const double programma = ValoreVersione(versioneProgramma);
     const double archiviata = ValoreVersione(riga->value(QStringLiteral("Versione")).toString());
     if (programma > archiviata) {
-        aggiorna();
+        // A failed upgrade keeps the old version number, so the next start tries again.
+        if (!aggiornaArchivio())
+            return aggiornamentoNonRiuscito();
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
+<<<<<<< HEAD
         if (archivio.apri())
             schema::ScriviVersione(archivio, versioneProgramma);
+=======
+        if (!archivio.apri()
+            || !archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
+                                 { versioneProgramma, riga->value(QStringLiteral("Indice")) }))
+            return aggiornamentoNonRiuscito();
+>>>>>>> main
         return EsitoVersione::Aggiornato;
     }
     if (programma < archiviata) {
@@ -183,6 +201,33 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
         return EsitoVersione::ProgrammaPiuVecchio;
     }
     return EsitoVersione::Uguale;
+}
+
+bool AvvioSelezioneUtente::aggiornaArchivio()
+{
+    // One step per table checked, and the closing steps: enough to move a bar on the screen.
+    const int totale = int(schema::tabelleArchivio().size()) + 1;
+    int fatti = 0;
+    const auto registro = [this, totale, &fatti](const QString& riga) {
+        fatti = std::min(fatti + 1, totale);
+        if (avanzamentoAggiornamento)
+            avanzamentoAggiornamento(riga, fatti, totale);
+    };
+    if (avanzamentoAggiornamento)
+        avanzamentoAggiornamento(QStringLiteral("Aggiornamento dell'archivio in corso..."), 0, totale);
+    const bool riuscito = eseguiAggiornamento
+        ? eseguiAggiornamento(registro)
+        : CreazioneDB(percorsiCreazione(m_sessione), m_sessione.errori, registro).CreaDB_Click();
+    if (avanzamentoAggiornamento)
+        avanzamentoAggiornamento({}, totale, totale);
+    return riuscito;
+}
+
+AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::aggiornamentoNonRiuscito()
+{
+    m_sessione.interazione.messaggio(testoAggiornamentoNonRiuscito(), {}, Interazione::Icona::Critico);
+    AccediAbilitato = false;
+    return EsitoVersione::AggiornamentoNonRiuscito;
 }
 
 void AvvioSelezioneUtente::CaricaUtenteSelezionato()

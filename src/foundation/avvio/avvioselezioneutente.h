@@ -22,7 +22,8 @@ public:
     {
         Uguale,
         Aggiornato,
-        ProgrammaPiuVecchio
+        ProgrammaPiuVecchio,
+        AggiornamentoNonRiuscito // the version row is left as it was, login is off
     };
 
     // contaUtenti: the connected-users count of the archive (UtentiCollegatiDB).
@@ -53,6 +54,16 @@ public:
     void Command3_Click(); // back to the default archive
     void Command5_Click(); // create the archive at PercorsoDB
 
+    // The upgrade of the archive, step by step: each step's line, the steps done and their expected number.
+    std::function<void(const QString& riga, int fatti, int totale)> avanzamentoAggiornamento;
+    // The upgrade itself (the archive creation); replaceable in tests. True when it went through.
+    std::function<bool(const std::function<void(const QString&)>& registro)> eseguiAggiornamento;
+    static QString testoAggiornamentoNonRiuscito()
+    {
+        return QStringLiteral("Attenzione, l'aggiornamento dell'archivio non è riuscito: l'archivio è rimasto alla "
+                              "versione precedente.\nChiudere gli altri programmi che lo usano e riavviare.");
+    }
+
     // State shown by the screen.
     QString Titolo;
     QString Ver;
@@ -77,7 +88,12 @@ public:
 
 private:
     void ricarica();
+<<<<<<< HEAD
     bool m_archivioOccupato = false; // the archive check failed only because another user held the file
+=======
+    bool aggiornaArchivio();
+    EsitoVersione aggiornamentoNonRiuscito();
+>>>>>>> main
 
     Sessione& m_sessione;
     ContaUtenti m_contaUtenti;

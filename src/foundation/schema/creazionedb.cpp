@@ -139,7 +139,7 @@ bool CreazioneDB::CreaDB_Click()
         Transazione tutte(archivio);
         for (const schema::Tabella& tabella : schema::tabelleArchivio())
             applica(archivio, tabella);
-        // Busy or read-only: nothing was created, and the caller must not report the archive as made.
+        // Tables that could not be written (a locked or read-only file) are no upgrade at all.
         if (!tutte.commit())
             return false;
     }

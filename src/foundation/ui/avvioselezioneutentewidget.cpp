@@ -3,12 +3,14 @@
 #include "foundation/avvio/avvioselezioneutente.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
@@ -33,6 +35,8 @@ AvvioSelezioneUtenteWidget::AvvioSelezioneUtenteWidget(AvvioSelezioneUtente& log
     , m_logica(logica)
 {
     setObjectName(QStringLiteral("F_AvvioSelezioneUtente"));
+    m_logica.avanzamentoAggiornamento
+        = [this](const QString& riga, int fatti, int totale) { mostraAvanzamento(riga, fatti, totale); };
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
     auto* prodotto = new QLabel(AvvioSelezioneUtente::NomeProdotto(), this);
@@ -159,6 +163,37 @@ AvvioSelezioneUtenteWidget::AvvioSelezioneUtenteWidget(AvvioSelezioneUtente& log
         m_logica.Command5_Click();
         dopoComando();
     });
+}
+
+AvvioSelezioneUtenteWidget::~AvvioSelezioneUtenteWidget()
+{
+    m_logica.avanzamentoAggiornamento = nullptr;
+}
+
+void AvvioSelezioneUtenteWidget::mostraAvanzamento(const QString& riga, int fatti, int totale)
+{
+    // An upgrade of a large archive takes a while: the desk sees it move instead of a frozen screen.
+    if (!m_avanzamento) {
+        m_avanzamento = new QProgressDialog(this);
+        m_avanzamento->setObjectName(QStringLiteral("AggiornamentoArchivio"));
+        m_avanzamento->setWindowTitle(QStringLiteral("Aggiornamento archivio alla versione ")
+                                      + AvvioSelezioneUtente::VersioneProgramma());
+        m_avanzamento->setCancelButton(nullptr);
+        m_avanzamento->setMinimumDuration(0);
+        m_avanzamento->setAutoClose(false);
+        m_avanzamento->setAutoReset(false);
+        m_avanzamento->setMinimumWidth(420);
+    }
+    m_avanzamento->setMaximum(totale);
+    m_avanzamento->setValue(fatti);
+    if (!riga.isEmpty())
+        m_avanzamento->setLabelText(riga);
+    if (fatti >= totale && riga.isEmpty()) {
+        m_avanzamento->hide();
+        return;
+    }
+    m_avanzamento->show();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void AvvioSelezioneUtenteWidget::avvia()

@@ -7,6 +7,7 @@ class QFrame;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QProgressDialog;
 class QPushButton;
 class QToolButton;
 
@@ -21,6 +22,7 @@ class AvvioSelezioneUtenteWidget : public QDialog
     Q_OBJECT
 public:
     explicit AvvioSelezioneUtenteWidget(AvvioSelezioneUtente& logica, QWidget* genitore = nullptr);
+    ~AvvioSelezioneUtenteWidget() override;
 
     // Runs the load sequence and, when the archive was found, the activation.
     void avvia();
@@ -33,6 +35,7 @@ private:
     void mostra();
     void accedi();
     void dopoComando();
+    void mostraAvanzamento(const QString& riga, int fatti, int totale);
 
     AvvioSelezioneUtente& m_logica;
     QLabel* m_ver;
@@ -48,6 +51,7 @@ private:
     QFrame* m_archivio;
     QLineEdit* m_percorso;
     QPushButton* m_command5;
+    QProgressDialog* m_avanzamento = nullptr;
     bool m_aggiornando = false;
 };
 

@@ -55,7 +55,7 @@ FConfigurazioniWidget::FConfigurazioniWidget(Sessione& sessione, QWidget* genito
         m_logica.Registra_Click();
         versoControlli();
     });
-    connect(fine, &QPushButton::clicked, this, &QDialog::accept);
+    connect(fine, &QPushButton::clicked, this, &FConfigurazioniWidget::chiudiSeConsentito);
     resize(860, 640);
 }
 
@@ -187,6 +187,24 @@ void FConfigurazioniWidget::carica()
         });
     }
     versoControlli();
+    // What the controls hold now is the saved state: a value the controls round counts as unchanged.
+    daiControlli();
+    m_logica.memorizzaStato();
+}
+
+void FConfigurazioniWidget::chiudiSeConsentito()
+{
+    daiControlli();
+    if (m_logica.Fine_Click())
+        QDialog::accept();
+    else
+        versoControlli();
+}
+
+void FConfigurazioniWidget::reject()
+{
+    // Esc and the close box go the way of ESCI: edits are never dropped without the question.
+    chiudiSeConsentito();
 }
 
 void FConfigurazioniWidget::versoControlli()
@@ -217,6 +235,9 @@ void FConfigurazioniWidget::daiControlli()
 
 void FConfigurazioniWidget::mostraLogo()
 {
+    // Nothing to remove without a logo: the button says so by being off.
+    if (auto* rimuovi = findChild<QPushButton*>(QStringLiteral("RimuoviLogo")))
+        rimuovi->setEnabled(!m_logica.Logo.isEmpty());
     QPixmap immagine;
     if (!m_logica.Logo.isEmpty() && immagine.loadFromData(m_logica.Logo))
         m_logo->setPixmap(immagine.scaled(m_logo->size() - QSize(8, 8), Qt::KeepAspectRatio, Qt::SmoothTransformation));

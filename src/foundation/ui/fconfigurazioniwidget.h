@@ -35,7 +35,11 @@ public:
     static void apri(Sessione& sessione, QWidget* genitore, const std::function<void(FConfigurazioni&)>& collega,
                      std::function<void()> termina);
 
+protected:
+    void reject() override;
+
 private:
+    void chiudiSeConsentito();
     QWidget* schedaIntestazione();
     QWidget* schedaBanca();
     QWidget* schedaMessaggi();

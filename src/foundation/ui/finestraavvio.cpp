@@ -82,9 +82,15 @@ FinestraAvvio::FinestraAvvio(Avvio& logica, QWidget* genitore)
         m_timer.insert(timer->objectName(), timer);
     }
 
+    // Folding the button bar away leaves a labelled button the size of the others, so the way back is plain.
+    m_menuPulsante->setMinimumSize(150, 34);
+    m_menuPulsante->setToolTip(QStringLiteral("Nasconde la barra dei pulsanti"));
     connect(m_menuPulsante, &QPushButton::clicked, this, [this] {
-        m_frameMenu->setVisible(!m_frameMenu->isVisible());
-        m_menuPulsante->setText(m_frameMenu->isVisible() ? QStringLiteral("Menù") : QString());
+        const bool mostra = m_frameMenu->isHidden();
+        m_frameMenu->setVisible(mostra);
+        m_menuPulsante->setText(mostra ? QStringLiteral("Menù") : QStringLiteral("Menù ▸"));
+        m_menuPulsante->setToolTip(mostra ? QStringLiteral("Nasconde la barra dei pulsanti")
+                                          : QStringLiteral("Mostra la barra dei pulsanti"));
     });
     registraComando(QStringLiteral("Fine"), [this] { fine(); });
     registraComando(QStringLiteral("mFine"), [this] {
@@ -111,6 +117,26 @@ void FinestraAvvio::fine()
     m_chiusuraConsentita = true;
     emit termina();
     close();
+}
+
+void FinestraAvvio::mostra()
+{
+    if (m_logica.FinestraMassimizzata())
+        showMaximized();
+    else
+        showNormal();
+    m_mostrata = true;
+}
+
+void FinestraAvvio::changeEvent(QEvent* evento)
+{
+    QMainWindow::changeEvent(evento);
+    // The desk's own choice (not a minimise) is remembered for the next start.
+    if (evento->type() == QEvent::WindowStateChange && m_mostrata && !isMinimized()) {
+        const auto prima = static_cast<QWindowStateChangeEvent*>(evento)->oldState();
+        if (bool(prima & Qt::WindowMaximized) != isMaximized())
+            m_logica.SalvaFinestraMassimizzata(isMaximized());
+    }
 }
 
 void FinestraAvvio::costruisciMenu()
@@ -147,7 +173,12 @@ void FinestraAvvio::costruisciPulsanti()
 
 void FinestraAvvio::registraComando(const QString& nome, std::function<void()> azione)
 {
-    m_azioni.insert(nome, std::move(azione));
+    m_logica.registraComando(nome, std::move(azione));
+}
+
+bool FinestraAvvio::comandoRegistrato(const QString& nome) const
+{
+    return m_logica.comandoRegistrato(nome);
 }
 
 void FinestraAvvio::impostaAreaCentrale(QWidget* area)
@@ -215,9 +246,7 @@ void FinestraAvvio::SettaPermessiUtente()
 
 void FinestraAvvio::esegui(const QString& nome)
 {
-    const auto azione = m_azioni.value(nome);
-    if (azione)
-        azione();
+    m_logica.esegui(nome);
 }
 
 bool FinestraAvvio::event(QEvent* evento)

@@ -26,7 +26,7 @@ public:
 
     // What a command or menu item does (by its control name, e.g. "mBackup", "Command8").
     void registraComando(const QString& nome, std::function<void()> azione);
-    bool comandoRegistrato(const QString& nome) const { return m_azioni.contains(nome); }
+    bool comandoRegistrato(const QString& nome) const;
     // The planning board (or any central view) takes the central area.
     void impostaAreaCentrale(QWidget* area);
     QWidget* areaCentrale() const { return m_areaCentrale; }
@@ -44,6 +44,8 @@ public:
     void SettaPermessiUtente();
     // What "FINE" does: closes the archive and ends the run, no question asked.
     void fine();
+    // Shows the window maximised, unless the desk last chose a smaller one.
+    void mostra();
 
 signals:
     void attivata(); // each activation, after rights are applied: the board refreshes here
@@ -52,6 +54,7 @@ signals:
 
 protected:
     bool event(QEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
 
 private:
@@ -60,7 +63,6 @@ private:
     void costruisciPulsanti();
 
     Avvio& m_logica;
-    QHash<QString, std::function<void()>> m_azioni;
     QHash<QString, QAction*> m_voci;
     QHash<QString, QMenu*> m_menu;
     QHash<QString, QPushButton*> m_pulsanti;
@@ -70,6 +72,7 @@ private:
     QWidget* m_areaCentrale = nullptr;
     QPushButton* m_menuPulsante = nullptr;
     bool m_chiusuraConsentita = false;
+    bool m_mostrata = false;
 };
 
 } // namespace tomvera

@@ -6,8 +6,11 @@
 
 #include <QAction>
 #include <QDir>
+#include <QGuiApplication>
 #include <QPrintPreviewDialog>
+#include <QScreen>
 #include <QToolBar>
+#include <algorithm>
 
 namespace tomvera::reports {
 
@@ -21,7 +24,9 @@ AnteprimaStampa::AnteprimaStampa(ModelloStampa modello, Interazione& interazione
     ImpostaStampanteModuli(m_stampante, stampanti);
     m_dialogo = std::make_unique<QPrintPreviewDialog>(&m_stampante, parent);
     m_dialogo->setWindowTitle(QStringLiteral("Anteprima di stampa - ") + m_modello.titolo);
-    m_dialogo->resize(900, 1000);
+    const QScreen* schermo = parent && parent->screen() ? parent->screen() : QGuiApplication::primaryScreen();
+    if (schermo)
+        m_dialogo->setGeometry(geometriaAnteprima(schermo->availableGeometry()));
     QObject::connect(m_dialogo.get(), &QPrintPreviewDialog::paintRequested, m_dialogo.get(),
                      [this](QPrinter* p) { stampaSuDispositivo(m_modello, *p); });
     if (auto* barra = m_dialogo->findChild<QToolBar*>()) {
@@ -33,6 +38,18 @@ AnteprimaStampa::AnteprimaStampa(ModelloStampa modello, Interazione& interazione
 }
 
 AnteprimaStampa::~AnteprimaStampa() = default;
+
+QRect geometriaAnteprima(const QRect& disponibile)
+{
+    // Title bar and frame are outside the geometry set here.
+    constexpr int cornice = 40;
+    const int altezza = std::max(200, disponibile.height() - 2 * cornice);
+    const int larghezza = std::min(std::max(200, disponibile.width() - 2 * cornice), altezza * 9 / 10);
+    QRect r(0, 0, larghezza, altezza);
+    r.moveCenter(disponibile.center());
+    r.moveTop(disponibile.top() + cornice);
+    return r;
+}
 
 int AnteprimaStampa::exec()
 {

@@ -3,6 +3,7 @@
 #include "reports/modellostampa.h"
 
 #include <QPrinter>
+#include <QRect>
 #include <memory>
 
 class QPrintPreviewDialog;
@@ -34,6 +35,10 @@ private:
     QPrinter m_stampante;
     std::unique_ptr<QPrintPreviewDialog> m_dialogo;
 };
+
+// Where the preview opens inside the screen's free area: as tall as the area allows less room for the window's
+// frame, a page's width plus the tool bar, centred; the bottom is always on screen.
+QRect geometriaAnteprima(const QRect& disponibile);
 
 // Shows the preview and waits for it to close.
 void mostraAnteprimaStampa(const ModelloStampa& modello, Interazione& interazione,

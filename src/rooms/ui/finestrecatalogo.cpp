@@ -1,5 +1,7 @@
 #include "rooms/ui/finestrecatalogo.h"
 
+#include "foundation/interazione.h"
+#include "foundation/sessione.h"
 #include "rooms/catalogo.h"
 #include "rooms/ui/immaginicamera.h"
 
@@ -323,8 +325,11 @@ FinestraConfiguraGriglia::FinestraConfiguraGriglia(Sessione& sessione, QWidget* 
     connect(aggiorna, &QPushButton::clicked, this, azione([l] { l->Aggiorna_Click(); }));
     connect(cancella, &QPushButton::clicked, this, azione([l] { l->Command15_Click(); }));
     connect(ridimensiona, &QPushButton::clicked, this, azione([this, l] {
-                l->Command22_Click(QString::number(m_righe->value()), QString::number(m_colonne->value()));
+                // The size is saved even when the grid looks the same: say so.
+                if (l->Command22_Click(QString::number(m_righe->value()), QString::number(m_colonne->value())))
+                    operazioneEffettuata(m_sessione.interazione);
             }));
+    connect(m_griglia, &QTableWidget::currentCellChanged, this, [this] { abilitaComandi(); });
     connect(fine, &QPushButton::clicked, this, &QDialog::accept);
 
     m_logica->Form_Load();
@@ -379,6 +384,21 @@ void FinestraConfiguraGriglia::caricaDaLogica()
         }
     }
     m_copiando = false;
+    abilitaComandi();
+}
+
+void FinestraConfiguraGriglia::abilitaComandi()
+{
+    // "Annulla" needs a chosen type, "Rimuovi" a cell that has one: otherwise they would do nothing.
+    const F_ConfiguraGriglia& l = *m_logica;
+    if (auto* annulla = findChild<QPushButton*>(QStringLiteral("AnnullaSelezione")))
+        annulla->setEnabled(l.TipologiaSelezionata >= 0);
+    const int r = m_griglia->currentRow();
+    const int c = m_griglia->currentColumn();
+    const bool conTipologia
+        = r >= 0 && c >= 0 && r < l.Righe() && c < l.Colonne() && !l.cella(r, c).CodiceTipologia.isEmpty();
+    if (auto* rimuovi = findChild<QPushButton*>(QStringLiteral("Command1")))
+        rimuovi->setEnabled(conTipologia);
 }
 
 } // namespace tomvera

@@ -53,6 +53,7 @@ public:
 
 private:
     void caricaTipologie();
+    void abilitaComandi();
 
     Sessione& m_sessione;
     std::unique_ptr<F_ConfiguraGriglia> m_logica;

@@ -93,7 +93,12 @@ PannelloTabellone::PannelloTabellone(Tabellone& tabellone, QWidget* genitore)
     m_calendario->setObjectName(QStringLiteral("MostraCalendario"));
     m_multipla = pulsante(QStringLiteral("PrenotazioneMultipla"), QStringLiteral("P.M."));
     m_multipla->setCheckable(true);
-    m_multipla->setToolTip(QStringLiteral("Prenotazione di più camere"));
+    m_multipla->setToolTip(QStringLiteral("Prenotazione multipla: selezionare più camere sul tabellone, poi "
+                                          "\"Prenota\" per una sola prenotazione"));
+    m_informazioni->setToolTip(QStringLiteral("Informazioni camera: al passaggio del mouse su una camera mostra "
+                                              "periodi e ospiti"));
+    m_calendario->setToolTip(QStringLiteral("Calendario: mostra i giorni della camera selezionata e permette di "
+                                            "scegliere le date con due clic"));
     riga->addWidget(m_informazioni);
     riga->addWidget(m_calendario);
     riga->addWidget(m_multipla);
@@ -165,6 +170,16 @@ PannelloTabellone::PannelloTabellone(Tabellone& tabellone, QWidget* genitore)
     multipla->addLayout(comandiMultipla);
     centro->addWidget(m_frameMultipla);
     colonna->addLayout(centro, 1);
+
+    // An archive without rooms yet: one line on where they are made.
+    m_suggerimento = new QLabel(QStringLiteral("Nessuna camera in archivio: crearle dal menù Configurazioni, "
+                                               "\"Configurazione Camere\"."),
+                                this);
+    m_suggerimento->setObjectName(QStringLiteral("SuggerimentoCamere"));
+    m_suggerimento->setAlignment(Qt::AlignCenter);
+    m_suggerimento->setStyleSheet(QStringLiteral("QLabel { font-size: 13pt; font-weight: bold; color: #0b5394; }"));
+    m_suggerimento->hide();
+    colonna->insertWidget(colonna->indexOf(m_frameAggiungi) + 1, m_suggerimento);
 
     m_striscia = new StrisciaGiorni(m_tabellone, this);
     colonna->addWidget(m_striscia);
@@ -290,6 +305,7 @@ void PannelloTabellone::aggiornaControlli()
     m_prenota->setStyleSheet(t.PrenotazioneAbilitata() ? QStringLiteral("QPushButton { background: #ffff80; }")
                                                        : QString());
     applicaStile();
+    m_suggerimento->setVisible(t.NessunaCamera);
     m_info->setText(t.InfoCamera);
     m_info->setVisible(t.InfoCameraVisibile && !t.InfoCamera.isEmpty());
     if (m_info->isVisible())

@@ -63,6 +63,7 @@ private:
     QPushButton* m_prenota = nullptr;
     QWidget* m_frameAggiungi = nullptr;
     QLabel* m_info = nullptr;
+    QLabel* m_suggerimento = nullptr;
     bool m_copiando = false;
 };
 

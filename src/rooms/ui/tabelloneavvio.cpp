@@ -3,6 +3,7 @@
 #include "foundation/archivio.h"
 #include "foundation/interazione.h"
 #include "foundation/sessione.h"
+#include "foundation/ui/fconfigurazioniwidget.h"
 #include "foundation/ui/finestraavvio.h"
 #include "foundation/variabili.h"
 #include "rooms/tabellone.h"
@@ -39,6 +40,9 @@ TabelloneAvvio::TabelloneAvvio(FinestraAvvio& finestra, Sessione& sessione)
         applicaAllaFinestra();
     });
     finestra.registraComando(QStringLiteral("mConfigurazioniCamere"), [this, t] {
+        // The rooms' layout is a setting: the administrator's password guards it like the settings screen.
+        if (!FPassWidget::consenti(m_sessione, &m_finestra, [this] { m_finestra.fine(); }))
+            return;
         FinestraConfiguraGriglia configurazione(m_sessione, &m_finestra);
         configurazione.exec();
         t->daRicostruire = true;
