@@ -6,11 +6,8 @@
 #include "foundation/piattaforma.h"
 #include "foundation/routines.h"
 #include "foundation/schema/creazionedb.h"
-<<<<<<< HEAD
-#include "foundation/schema/versione.h"
-=======
 #include "foundation/schema/tabelle.h"
->>>>>>> main
+#include "foundation/schema/versione.h"
 #include "foundation/sessione.h"
 #include "foundation/utenti.h"
 
@@ -162,13 +159,9 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
             riga = archivio.riga(QStringLiteral("select * from TabellaVersione "));
     }
     if (!riga) {
-<<<<<<< HEAD
-        aggiorna();
-        // Checked and written under one lock: two desks starting together leave one row.
-=======
         if (!aggiornaArchivio())
             return aggiornamentoNonRiuscito();
->>>>>>> main
+        // Checked and written under one lock: two desks starting together leave one row.
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
         if (archivio.apri())
             schema::ScriviVersione(archivio, versioneProgramma);
@@ -181,15 +174,8 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
         if (!aggiornaArchivio())
             return aggiornamentoNonRiuscito();
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-<<<<<<< HEAD
-        if (archivio.apri())
-            schema::ScriviVersione(archivio, versioneProgramma);
-=======
-        if (!archivio.apri()
-            || !archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
-                                 { versioneProgramma, riga->value(QStringLiteral("Indice")) }))
+        if (!archivio.apri() || !schema::ScriviVersione(archivio, versioneProgramma))
             return aggiornamentoNonRiuscito();
->>>>>>> main
         return EsitoVersione::Aggiornato;
     }
     if (programma < archiviata) {

@@ -88,12 +88,9 @@ public:
 
 private:
     void ricarica();
-<<<<<<< HEAD
-    bool m_archivioOccupato = false; // the archive check failed only because another user held the file
-=======
     bool aggiornaArchivio();
     EsitoVersione aggiornamentoNonRiuscito();
->>>>>>> main
+    bool m_archivioOccupato = false; // the archive check failed only because another user held the file
 
     Sessione& m_sessione;
     ContaUtenti m_contaUtenti;
