@@ -28,6 +28,16 @@ static const Comando comandi[] = {
       "archivio camere anni seme", 0 },
     { "tabellone", "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--piano N]", comandoTabellone,
       "archivio dal al piano", 0 },
+    { "documento-calcola", "--archivio PATH [--sconto1 X] [--sconto2 X] [--sconto-merce X] < righe",
+      comandoDocumentoCalcola, "archivio sconto1 sconto2 sconto-merce", 0 },
+    { "documento-registra",
+      "--archivio PATH --tipo TIPO --data GG/MM/AAAA [--numero N] [--cliente INDICE] [--pagamento NOME] [--pagato]"
+      " [--sconto1 X] [--sconto2 X] [--sconto-merce X] < righe",
+      comandoDocumentoRegistra, "archivio tipo data numero cliente pagamento pagato sconto1 sconto2 sconto-merce", 0 },
+    { "documento-cancella", "--archivio PATH --tipo TIPO --data GG/MM/AAAA --numero N", comandoDocumentoCancella,
+      "archivio tipo data numero", 0 },
+    { "scadenze", "--archivio PATH --pagamento NOME --data GG/MM/AAAA --totale T --imponibile I", comandoScadenze,
+      "archivio pagamento data totale imponibile", 0 },
 };
 
 static void uso(QTextStream& flusso)

@@ -368,7 +368,15 @@ SchedaAnagraficaWidget::SchedaAnagraficaWidget(std::unique_ptr<SchedaAnagrafica>
     aggiorna();
 }
 
-SchedaAnagraficaWidget::~SchedaAnagraficaWidget() = default;
+SchedaAnagraficaWidget::~SchedaAnagraficaWidget()
+{
+    // The logic goes before the controls: a field that loses the focus on the way must not reach it.
+    for (QObject* figlio : findChildren<QObject*>()) {
+        figlio->removeEventFilter(this);
+        QObject::disconnect(figlio, nullptr, this, nullptr);
+    }
+    m_logica.reset();
+}
 
 QLineEdit* SchedaAnagraficaWidget::campo(const char* nome, QWidget* genitore)
 {

@@ -175,6 +175,11 @@ void PrenotazioneWidget::applicaPermessiClienti(const AbilitazioniPrenotazione& 
     m_pannelloClienti->applicaPermessi(abilitazioni);
 }
 
+void PrenotazioneWidget::scollegaClienti()
+{
+    m_pannelloClienti->scollega();
+}
+
 PrenotazioneClientiWidget::PrenotazioneClientiWidget(SchedaPrenotazione& logica, Comando comando, QWidget* genitore)
     : QWidget(genitore)
     , m_logica(logica)
@@ -451,8 +456,16 @@ PrenotazioneClientiWidget::PrenotazioneClientiWidget(SchedaPrenotazione& logica,
 
 PrenotazioneClientiWidget::~PrenotazioneClientiWidget()
 {
-    for (QWidget* w : findChildren<QWidget*>())
-        w->removeEventFilter(this);
+    scollega();
+}
+
+void PrenotazioneClientiWidget::scollega()
+{
+    m_comando = [](const std::function<void()>&) {};
+    for (QObject* figlio : findChildren<QObject*>()) {
+        figlio->removeEventFilter(this);
+        QObject::disconnect(figlio, nullptr, this, nullptr);
+    }
 }
 
 QLineEdit* PrenotazioneClientiWidget::campo(const QString& nome, QWidget* genitore)

@@ -33,6 +33,8 @@ public:
     void leggi(); // controls -> logic
     void aggiorna(); // logic -> controls
     void applicaPermessi(const AbilitazioniPrenotazione& abilitazioni);
+    // The screen is going: a field that loses the focus on the way must not reach its logic any more.
+    void scollega();
 
 signals:
     void apriSchedaCliente(qint64 indiceCliente); // Command14

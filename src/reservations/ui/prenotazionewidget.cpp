@@ -180,6 +180,7 @@ PrenotazioneWidget::~PrenotazioneWidget()
     // The lists go after the logic: they must not reach the filter once it is gone.
     for (QWidget* w : { static_cast<QWidget*>(m_camere), static_cast<QWidget*>(m_righeArt) })
         w->removeEventFilter(this);
+    scollegaClienti();
 }
 
 QWidget* PrenotazioneWidget::creaSchedaCamere()

@@ -63,6 +63,7 @@ private:
     void comando(const std::function<void()>& azione);
     void applicaPermessi();
     void applicaPermessiClienti(const AbilitazioniPrenotazione& abilitazioni);
+    void scollegaClienti();
 
     std::unique_ptr<SchedaPrenotazione> m_logica;
     bool m_aggiornando = false;
