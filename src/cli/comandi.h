@@ -96,5 +96,6 @@ int comandoDisponibilita(const Argomenti&, Console&);
 int comandoPrezzo(const Argomenti&, Console&);
 int comandoGeneraDemo(const Argomenti&, Console&);
 int comandoTabellone(const Argomenti&, Console&);
+int comandoSchedine(const Argomenti&, Console&);
 
 } // namespace tomvera::cli

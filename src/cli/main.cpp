@@ -28,6 +28,9 @@ static const Comando comandi[] = {
       "archivio camere anni seme", 0 },
     { "tabellone", "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--piano N]", comandoTabellone,
       "archivio dal al piano", 0 },
+    { "schedine",
+      "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--tutte] [--azienda CODICE] (--controlla | --cartella DIR)",
+      comandoSchedine, "archivio dal al tutte azienda controlla cartella", 0 },
 };
 
 static void uso(QTextStream& flusso)
