@@ -96,6 +96,10 @@ int comandoDisponibilita(const Argomenti&, Console&);
 int comandoPrezzo(const Argomenti&, Console&);
 int comandoGeneraDemo(const Argomenti&, Console&);
 int comandoTabellone(const Argomenti&, Console&);
+int comandoDocumentoCalcola(const Argomenti&, Console&);
+int comandoDocumentoRegistra(const Argomenti&, Console&);
+int comandoDocumentoCancella(const Argomenti&, Console&);
+int comandoScadenze(const Argomenti&, Console&);
 int comandoSchedine(const Argomenti&, Console&);
 
 } // namespace tomvera::cli

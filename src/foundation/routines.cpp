@@ -92,24 +92,20 @@ QString FormattaDecimali(double valore, int decimali)
     return formattaNumero(valore, decimali);
 }
 
-namespace {
-
-// Amounts are decimal: 10.0049 * 100 is 1000.49, not the 1000.4899999999999 of binary arithmetic, or the
-// 0.51 rule would lose its cent. Fifteen significant digits drop that noise and nothing a user typed.
-double quindiciCifre(double valore)
-{
-    return QByteArray::number(valore, 'g', 15).toDouble();
-}
-
-} // namespace
-
 double Arrotonda(double valore, int decimali)
 {
     const double scala = std::pow(10.0, decimali);
     const double scalato = valore * scala;
     if (!std::isfinite(scalato) || scala == 0.0)
         return valore;
-    return std::floor(quindiciCifre(quindiciCifre(scalato) + 0.51)) / scala;
+    // Amounts are decimal: 10.0049 * 100 is 1000.49, not the 1000.4899999999999 of binary arithmetic, and
+    // 1000.49 + 0.51 must reach 1001 or the 0.51 rule loses its cent. A sum that falls short of the next whole
+    // number by binary noise only (far below any digit a user types) is that whole number.
+    const double spostato = scalato + 0.51;
+    double intero = std::floor(spostato);
+    if ((intero + 1.0) - spostato <= (std::fabs(scalato) + 1.0) * 1e-14)
+        intero += 1.0;
+    return intero / scala;
 }
 
 QString ArrotondaEFormatta(const QString& testo, int decimali)

@@ -15,5 +15,7 @@ struct EsitoCli
 
 // Runs the real tomvera-cli, so the tests check the contract as a script would see it.
 EsitoCli eseguiCli(const QString& sottocomando, const QStringList& argomenti = {});
+// The same, with the given text on the program's standard input.
+EsitoCli eseguiCli(const QString& sottocomando, const QStringList& argomenti, const QString& ingresso);
 
 } // namespace tomvera::test

@@ -44,6 +44,8 @@ const IndicePrestazioni indici[] = {
     // A stay is priced from the rows of one list and key, read in one query.
     { "TabellaListinoCamere_ListinoTipologia", "TabellaListinoCamere", "Listino, CodiceTipologia" },
     { "TabellaListinoCamereAPersona_ListinoTrattamento", "TabellaListinoCamereAPersona", "Listino, Trattamento" },
+    // The next number of a numbering line: the highest number of each type in one year.
+    { "Testate_TipoDataNumero", "Testate", "TipoDoc, DataDoc, NroDoc" },
 };
 
 } // namespace
