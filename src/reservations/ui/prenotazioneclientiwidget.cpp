@@ -373,8 +373,11 @@ PrenotazioneClientiWidget::PrenotazioneClientiWidget(SchedaPrenotazione& logica,
     m_numeroPersone->setObjectName(QStringLiteral("NumeroPersone"));
     v->addWidget(m_numeroPersone);
 
-    const auto esegui
-        = [this](auto azione) { return [this, azione] { m_comando([this, azione] { azione(m_logica); }); }; };
+    const auto esegui = [this](auto azione) {
+        // The logic by pointer: GCC gives a third-level lambda the wrong `this`.
+        SchedaPrenotazione* logica = &m_logica;
+        return [this, logica, azione] { m_comando([logica, azione] { azione(*logica); }); };
+    };
     connect(m_inserisci, &QPushButton::clicked, this, [this] {
         const int prima = static_cast<int>(m_logica.GrigliaAnagrafiche.size());
         const bool modifica = m_logica.RigaClienteSelezionato > 0;
@@ -414,7 +417,7 @@ PrenotazioneClientiWidget::PrenotazioneClientiWidget(SchedaPrenotazione& logica,
             [this](const QString& t) { m_comando([this, t] { m_logica.TipoDiAlloggiato_Click(t); }); });
     const auto opzioneCliccata = [this](QRadioButton* r, void (SchedaPrenotazione::*azione)()) {
         connect(r, &QRadioButton::clicked, this,
-                [this, azione] { m_comando([this, azione] { (m_logica.*azione)(); }); });
+                [this, logica = &m_logica, azione] { m_comando([logica, azione] { (logica->*azione)(); }); });
     };
     opzioneCliccata(m_nascItalia, &SchedaPrenotazione::NascitaItalia_Click);
     opzioneCliccata(m_nascEstero, &SchedaPrenotazione::NascitaEstero_Click);
