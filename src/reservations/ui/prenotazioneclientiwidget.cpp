@@ -375,8 +375,8 @@ PrenotazioneClientiWidget::PrenotazioneClientiWidget(SchedaPrenotazione& logica,
 
     const auto esegui = [this](auto azione) {
         // The logic by pointer: GCC gives a third-level lambda the wrong `this`.
-        SchedaPrenotazione* logica = &m_logica;
-        return [this, logica, azione] { m_comando([logica, azione] { azione(*logica); }); };
+        SchedaPrenotazione* scheda = &m_logica;
+        return [this, scheda, azione] { m_comando([scheda, azione] { azione(*scheda); }); };
     };
     connect(m_inserisci, &QPushButton::clicked, this, [this] {
         const int prima = static_cast<int>(m_logica.GrigliaAnagrafiche.size());
@@ -417,7 +417,7 @@ PrenotazioneClientiWidget::PrenotazioneClientiWidget(SchedaPrenotazione& logica,
             [this](const QString& t) { m_comando([this, t] { m_logica.TipoDiAlloggiato_Click(t); }); });
     const auto opzioneCliccata = [this](QRadioButton* r, void (SchedaPrenotazione::*azione)()) {
         connect(r, &QRadioButton::clicked, this,
-                [this, logica = &m_logica, azione] { m_comando([logica, azione] { (logica->*azione)(); }); });
+                [this, scheda = &m_logica, azione] { m_comando([scheda, azione] { (scheda->*azione)(); }); });
     };
     opzioneCliccata(m_nascItalia, &SchedaPrenotazione::NascitaItalia_Click);
     opzioneCliccata(m_nascEstero, &SchedaPrenotazione::NascitaEstero_Click);
