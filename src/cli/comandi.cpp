@@ -128,7 +128,11 @@ QString apriArchivioEsistente(Archivio& archivio, const QStringList& tabelle)
     if (!archivio.apri(Archivio::Apertura::Esistente))
         return QStringLiteral("Errore apertura Archivio: ") + percorso;
     for (const QString& tabella : tabelle) {
-        if (!schema::tabellaEsiste(archivio, tabella))
+        // Through the error policy: another program committing at this moment makes the read busy, and a
+        // busy archive is waited for, not taken for one without the table.
+        if (!archivio.esisteRiga(
+                QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE"),
+                { tabella }))
             return QStringLiteral("L'archivio non contiene la tabella ") + tabella + QStringLiteral(": ") + percorso;
     }
     return QString();
