@@ -35,6 +35,13 @@ public:
     virtual void messaggio(const QString& testo, const QString& titolo = {}, Icona icona = Icona::Nessuna) = 0;
     // Yes/No question: true for "Sì".
     virtual bool domandaSiNo(const QString& testo, const QString& titolo = {}, Icona icona = Icona::Domanda) = 0;
+    // Yes/No/Cancel question: true for "Sì", false for "No", nullopt for "Annulla" (Esc answers that too, so a
+    // stray key never picks the answer that throws work away).
+    virtual std::optional<bool> domandaSiNoAnnulla(const QString& testo, const QString& titolo = {},
+                                                   Icona icona = Icona::Domanda)
+    {
+        return domandaSiNo(testo, titolo, icona);
+    }
     // OK/Cancel question: true for OK.
     virtual bool okAnnulla(const QString& testo, const QString& titolo = {}, Icona icona = Icona::Avviso) = 0;
     // Input box: std::nullopt when cancelled.

@@ -30,6 +30,15 @@ bool SchermoListinoAccessori::SoloLettura() const
     return listiniSoloLettura(m_sessione);
 }
 
+bool SchermoListinoAccessori::ControllaPermessoModifica()
+{
+    if (puoModificareListini(m_sessione) && !SoloLettura())
+        return true;
+    avvisa(m_sessione.interazione,
+           QStringLiteral("Attenzione, l'utente collegato non è abilitato a modificare i listini!"));
+    return false;
+}
+
 void SchermoListinoAccessori::Form_Load()
 {
     caricaGriglia();
@@ -39,7 +48,7 @@ void SchermoListinoAccessori::Form_Load()
 bool SchermoListinoAccessori::Ins_Click()
 {
     Focus.clear();
-    if (!puoModificareListini(m_sessione) || SoloLettura())
+    if (!ControllaPermessoModifica())
         return false;
     if (Descrizione.isEmpty()) {
         avvisa(m_sessione.interazione, QStringLiteral("Attenzione, inserire una descrizione!"));
@@ -99,7 +108,7 @@ void SchermoListinoAccessori::Nuovo_Click()
 
 bool SchermoListinoAccessori::Command15_Click()
 {
-    if (!puoModificareListini(m_sessione) || SoloLettura())
+    if (!ControllaPermessoModifica())
         return false;
     // Movements that point at the row keep their own copies of text and amount.
     const std::optional<bool> cancellata = cancellaRiga(m_sessione, QStringLiteral("TabellaListinoAccessori"), Indice);

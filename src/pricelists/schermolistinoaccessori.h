@@ -34,6 +34,9 @@ public:
 
     QStringList TitoliColonne() const;
     bool SoloLettura() const;
+    // Save and delete: false (after the message) for a user without the price-list right or with the
+    // read-only one.
+    bool ControllaPermessoModifica();
 
     void Form_Load();
     bool Ins_Click();

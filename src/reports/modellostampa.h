@@ -21,6 +21,7 @@ struct ModelloStampa
     QStringList testa; // under the title, first page only ("Data di Stampa: ...")
     QList<ColonnaStampa> colonne; // empty: the rows are plain lines
     QList<QStringList> righe;
+    QList<bool> grassetto; // per row, when set: a bold row (the titles of a print in sections)
     QStringList piede; // after the rows ("TOTALE: ...")
     bool orizzontale = false;
 };

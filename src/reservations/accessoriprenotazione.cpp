@@ -1,9 +1,12 @@
 // Extras and totals of F_Prenotazione.
 #include "foundation/archivio.h"
+#include "foundation/configurazione.h"
 #include "foundation/formati.h"
 #include "foundation/interazione.h"
 #include "foundation/orologio.h"
+#include "foundation/routines.h"
 #include "foundation/sessione.h"
+#include "pricelists/schermolistino.h"
 #include "reservations/schedaprenotazione.h"
 
 #include <QSqlRecord>
@@ -47,14 +50,24 @@ void SchedaPrenotazione::Ins_Click()
         interazione().messaggio(QStringLiteral("Valorizzare correttamente la data"));
         return;
     }
+    const QString parolaIva = m_sessione.configurazione->EtichettaImpostaLunga;
+    if (!ControllaNumero(Accessorio.Qta, QStringLiteral("Qtà"))
+        || !ControllaNumero(Accessorio.PrezzoUnitario, QStringLiteral("Prezzo Unitario"))
+        || !ControllaNumero(Accessorio.Prezzo, QStringLiteral("Prezzo")) || !ControllaNumero(Accessorio.Iva, parolaIva))
+        return;
     if (numero(Accessorio.Iva) == 0) {
-        interazione().messaggio(QStringLiteral("Valorizzare campo Iva"));
+        interazione().messaggio(QStringLiteral("Valorizzare campo ") + parolaIva);
         return;
     }
     if (numero(Accessorio.Qta) == 0) {
         interazione().messaggio(QStringLiteral("Valorizzare campo Qtà"));
         return;
     }
+    // A line at 0,00 is most often a price that never arrived from the list: only on purpose.
+    if (numero(Accessorio.Prezzo) == 0
+        && !interazione().domandaSiNo(QStringLiteral("Attenzione, l'accessorio \"") + Accessorio.Descrizione
+                                      + QStringLiteral("\" ha prezzo 0,00. Inserirlo comunque?")))
+        return;
     RigaAccessorio riga;
     riga.IndiceAccessorio = Accessorio.IndiceAccessorio;
     riga.Data = *data;
@@ -174,8 +187,30 @@ QList<SchedaPrenotazione::VoceListino> SchedaPrenotazione::proposteDescrizione(c
                                                        "WHERE Descrizione >= ? AND Tipo = ? ORDER BY Descrizione DESC"),
                                         { testo, Accessorio.Tipo });
     for (const QSqlRecord& r : righe)
-        voci.append({ r.value(0).toLongLong(), r.value(1).toString() });
+        voci.append({ r.value(0).toLongLong(), prezzi::comeDigitato(r.value(1).toString()) });
     return voci;
+}
+
+void SchedaPrenotazione::Descrizione_LostFocus()
+{
+    const QString testo = Accessorio.Descrizione.trimmed();
+    if (testo.isEmpty())
+        return;
+    // The list keeps its texts with apostrophes doubled; the group narrows the match when one is chosen.
+    QString sql
+        = QStringLiteral("SELECT Indice FROM TabellaListinoAccessori WHERE (Descrizione = ? OR Descrizione = ?)");
+    QVariantList parametri { testo, RaddoppiaApici(testo) };
+    if (!Accessorio.Tipo.isEmpty()) {
+        sql += QStringLiteral(" AND (Tipo = ? OR Tipo = ?)");
+        parametri << Accessorio.Tipo << RaddoppiaApici(Accessorio.Tipo);
+    }
+    const QVariant indice = m_archivio.valore(sql + QStringLiteral(" ORDER BY Indice LIMIT 1"), parametri);
+    if (!indice.isValid() || indice.isNull())
+        return;
+    // The same item already taken keeps a price the user has changed since.
+    if (indice.toLongLong() == Accessorio.IndiceAccessorio && numero(Accessorio.Prezzo) != 0)
+        return;
+    Descrizione_Click(indice.toLongLong());
 }
 
 void SchedaPrenotazione::Descrizione_Click(qint64 indiceAccessorio)
@@ -185,9 +220,9 @@ void SchedaPrenotazione::Descrizione_Click(qint64 indiceAccessorio)
     if (!r)
         return;
     Accessorio.IndiceAccessorio = indiceAccessorio;
-    Accessorio.Descrizione = r->value(QStringLiteral("Descrizione")).toString();
+    Accessorio.Descrizione = prezzi::comeDigitato(r->value(QStringLiteral("Descrizione")).toString());
     if (Accessorio.Tipo.isEmpty())
-        Accessorio.Tipo = r->value(QStringLiteral("Tipo")).toString();
+        Accessorio.Tipo = prezzi::comeDigitato(r->value(QStringLiteral("Tipo")).toString());
     Accessorio.PrezzoUnitario = formattaNumero(r->value(QStringLiteral("Prezzo")).toDouble(), 2);
     Accessorio.Iva = formattaNumero(r->value(QStringLiteral("Iva")).toDouble(), 0, false);
     if (numero(Accessorio.Qta) == 0)

@@ -9,6 +9,8 @@
 #include "reservations/schedaprenotazione.h"
 #include "rooms/disponibilita.h"
 
+#include <cmath>
+
 namespace tomvera {
 
 namespace {
@@ -58,6 +60,9 @@ void SchedaPrenotazione::Command7_Click()
         interazione().messaggio(QStringLiteral("Valorizzare correttamente le date"));
         return;
     }
+    if (!ControllaNumero(PrezzoCamera, QStringLiteral("Prezzo"))
+        || !ControllaNumero(IvaCamera, m_sessione.configurazione->EtichettaImpostaLunga))
+        return;
     if (!m_archivio.esisteRiga(QStringLiteral("SELECT Indice FROM TabellaStrutturaCamere WHERE NroCamera = ?"), { NC })
         && !interazione().domandaSiNo(
             QStringLiteral("Attenzione la camera selezionata non esiste, continuare comunque?")))
@@ -69,6 +74,10 @@ void SchedaPrenotazione::Command7_Click()
         interazione().messaggio(QStringLiteral("Attenzione il periodo è già impegnato da una prenotazione"));
         return;
     }
+
+    // The price the list gives for what the line holds now (new dates, new type), unless typed by hand.
+    if (PrezziACamera && (m_prezzoDaListino || numero(PrezzoCamera) == 0))
+        TrovaPrezzoCamera();
 
     RigaCamera riga;
     riga.NroCamera = NC.trimmed();
@@ -84,7 +93,58 @@ void SchedaPrenotazione::Command7_Click()
     else
         GrigliaCamerePrenotate.append(riga);
     rinumeraCamere();
+    if (m_rigaRipresa)
+        spostaOspitiCamera(*m_rigaRipresa, riga);
     dopoInserimentoCamera();
+}
+
+void SchedaPrenotazione::spostaOspitiCamera(const RigaCamera& prima, const RigaCamera& dopo)
+{
+    if (prima.Dal == dopo.Dal && prima.Al == dopo.Al && prima.NroCamera == dopo.NroCamera)
+        return;
+    // Only the guests that still carry the room's old stay: one with dates of their own stays as typed.
+    QList<int> daSpostare;
+    for (int i = 0; i < GrigliaAnagrafiche.size(); ++i) {
+        const OspitePrenotazione& o = GrigliaAnagrafiche.at(i);
+        if (o.NroCameraCliente().compare(prima.NroCamera, Qt::CaseInsensitive) == 0
+            && o.data(QStringLiteral("DataArrivo")) == prima.Dal && o.data(QStringLiteral("DataPartenza")) == prima.Al)
+            daSpostare << i;
+    }
+    if (daSpostare.isEmpty())
+        return;
+    const QString quanti = daSpostare.size() == 1 ? QStringLiteral("l'ospite registrato")
+                                                  : QStringLiteral("i %1 ospiti registrati").arg(daSpostare.size());
+    if (!interazione().domandaSiNo(
+            QStringLiteral("Attenzione, la camera ") + dopo.NroCamera + QStringLiteral(" è ora prenotata dal ")
+            + testoData(dopo.Dal) + QStringLiteral(" al ") + testoData(dopo.Al) + QStringLiteral(".\nSpostare anche ")
+            + quanti + QStringLiteral(" nella camera ") + prima.NroCamera + QStringLiteral(" dal ")
+            + testoData(prima.Dal) + QStringLiteral(" al ") + testoData(prima.Al) + QStringLiteral("?")))
+        return;
+    for (int i : std::as_const(daSpostare)) {
+        OspitePrenotazione& o = GrigliaAnagrafiche[i];
+        o.imposta(QStringLiteral("NroCameraCliente"), dopo.NroCamera);
+        o.imposta(QStringLiteral("DataArrivo"), dopo.Dal);
+        o.imposta(QStringLiteral("DataPartenza"), dopo.Al);
+        ricalcolaTrattamento(o);
+    }
+}
+
+void SchedaPrenotazione::ricalcolaTrattamento(OspitePrenotazione& ospite) const
+{
+    const QString tipo = ospite.testo(QStringLiteral("TipoTrattamento"));
+    const QDate arrivo = ospite.data(QStringLiteral("DataArrivo"));
+    const QDate partenza = ospite.data(QStringLiteral("DataPartenza"));
+    if (PrezziACamera) {
+        // The board's addition is a price per day: the nights change, the price stays.
+        const double prezzo = ospite.valore(QStringLiteral("PrezzoTrattamento")).toDouble();
+        ospite.imposta(QStringLiteral("TotalePrezzoTrattamento"),
+                       prezzi::CalcolaTotalePrezzoTrattamento(tipo, prezzo, arrivo, partenza));
+    } else if (!ListinoTrattamenti.isEmpty() && !tipo.isEmpty()) {
+        const double prezzo = prezzi::CalcoloPrezzi(m_archivio)
+                                  .CalcolaPrezzoSoggiornoPersona(tipo, arrivo, partenza, ListinoTrattamenti);
+        ospite.imposta(QStringLiteral("PrezzoTrattamento"), prezzo);
+        ospite.imposta(QStringLiteral("TotalePrezzoTrattamento"), prezzo);
+    }
 }
 
 void SchedaPrenotazione::dopoInserimentoCamera()
@@ -110,6 +170,14 @@ void SchedaPrenotazione::GrigliaCamerePrenotate_DblClick(int riga)
     PrezzoCamera = PrezziAPersona ? QString() : formattaNumero(r.Avere, 2);
     IvaCamera = formattaNumero(r.Iva, 0, false);
     IndiceRigaCamere = r.IndiceRiga;
+    m_rigaRipresa = r;
+    m_prezzoDaListino = false;
+    if (PrezziACamera && r.Dal.isValid() && r.Al.isValid()) {
+        // A price equal to the list's was the list's: it follows new dates. Anything else was typed and stays.
+        const double listino = prezzi::CalcoloPrezzi(m_archivio)
+                                   .CalcolaPrezzoSoggiornoCamera(r.CodiceTipologiaCamera, r.Dal, r.Al, ListinoCamere);
+        m_prezzoDaListino = std::abs(listino - r.Avere) < 0.005;
+    }
     // Taken back: the row lives only in the entry line until it is inserted again.
     GrigliaCamerePrenotate.removeAt(riga);
     rinumeraCamere();
@@ -126,6 +194,8 @@ void SchedaPrenotazione::GrigliaCamerePrenotate_Escape()
     PrezzoCamera.clear();
     IvaCamera.clear();
     IndiceRigaCamere = 0;
+    m_rigaRipresa.reset();
+    m_prezzoDaListino = false;
 }
 
 void SchedaPrenotazione::NC_LostFocus()
@@ -142,10 +212,21 @@ void SchedaPrenotazione::NC_LostFocus()
     TrovaPrezzoCamera();
 }
 
+void SchedaPrenotazione::CodiceTipologia_Click(const QString& tipo)
+{
+    CodiceTipologia = tipo;
+    TrovaPrezzoCamera();
+}
+
+void SchedaPrenotazione::PrezzoCamera_Change()
+{
+    m_prezzoDaListino = false;
+}
+
 void SchedaPrenotazione::TrovaPrezzoCamera()
 {
-    if (!PrezziACamera || numero(PrezzoCamera) != 0)
-        return; // a price already typed is never overwritten
+    if (!PrezziACamera || (numero(PrezzoCamera) != 0 && !m_prezzoDaListino))
+        return; // a price typed by hand is never overwritten
     const auto arrivo = leggiData(Arrivo);
     const auto partenza = leggiData(Partenza);
     if (!arrivo || !partenza)
@@ -154,6 +235,7 @@ void SchedaPrenotazione::TrovaPrezzoCamera()
     PrezzoCamera
         = formattaNumero(calcolo.CalcolaPrezzoSoggiornoCamera(CodiceTipologia, *arrivo, *partenza, ListinoCamere), 2);
     IvaCamera = formattaNumero(calcolo.TrovaIvaCamera(CodiceTipologia, ListinoCamere), 0, false);
+    m_prezzoDaListino = true;
 }
 
 void SchedaPrenotazione::AggiornaPrezziCamere()

@@ -6,6 +6,7 @@
 #include "foundation/interazione.h"
 #include "foundation/orologio.h"
 #include "foundation/permessi.h"
+#include "foundation/routines.h"
 #include "foundation/sessione.h"
 #include "foundation/utenti.h"
 #include "foundation/variabili.h"
@@ -48,6 +49,16 @@ bool SchedaPrenotazione::multiAzienda() const
     return m_sessione.configurazione->MultiAzienda;
 }
 
+QString SchedaPrenotazione::EtichettaImposta() const
+{
+    return m_sessione.configurazione->EtichettaImposta;
+}
+
+QString SchedaPrenotazione::EtichettaImpostaLunga() const
+{
+    return m_sessione.configurazione->EtichettaImpostaLunga;
+}
+
 double SchedaPrenotazione::valoreIvaPrenotazioni() const
 {
     return m_sessione.configurazione->IvaPrenotazioni;
@@ -68,6 +79,7 @@ void SchedaPrenotazione::leggiVariabili()
     if (m_tipoAlloggiatoRicordato.isEmpty())
         m_tipoAlloggiatoRicordato = QStringLiteral("OSPITE SINGOLO");
     NonModificareDatiCliente = v.LeggiVariabileNumero(chiavi::F_Prenotazione_NonModificareDatiCliente) != 0;
+    StampaNote = v.LeggiVariabileBooleana(chiavi::F_Prenotazione_StampaNote);
     PrezziACamera = v.LeggiVariabileBooleana(chiavi::F_Prenotazione_PrezziACamera);
     PrezziAPersona = v.LeggiVariabileBooleana(chiavi::F_Prenotazione_PrezziAPersona);
     if (!PrezziACamera && !PrezziAPersona)
@@ -195,9 +207,36 @@ bool SchedaPrenotazione::ControllaEsistenzaNumeroPrenotazione()
 
 bool SchedaPrenotazione::ControllaCampi()
 {
-    if (leggiData(DataPrenotazione))
+    if (!leggiData(DataPrenotazione)) {
+        interazione().messaggio(QStringLiteral("Attenzione valorizzare correttamente la data di prenotazione"));
+        return false;
+    }
+    return ControllaNumero(Abbuono, QStringLiteral("Abbuono"));
+}
+
+bool SchedaPrenotazione::ControllaNumero(const QString& testo, const QString& campo)
+{
+    if (testo.trimmed().isEmpty() || leggiNumero(testo.trimmed()))
         return true;
-    interazione().messaggio(QStringLiteral("Attenzione valorizzare correttamente la data di prenotazione"));
+    interazione().messaggio(QStringLiteral("Attenzione, il campo ") + campo
+                            + QStringLiteral(" deve contenere un numero: \"") + testo.trimmed()
+                            + QStringLiteral("\" non è valido."));
+    return false;
+}
+
+void SchedaPrenotazione::Data_LostFocus(QString& testo)
+{
+    testo = testo.trimmed();
+    MascheraData(testo, interazione());
+}
+
+bool SchedaPrenotazione::ControllaPermessoModifica()
+{
+    if (SettaPermessiUtente().Registra)
+        return true;
+    interazione().messaggio(
+        QStringLiteral("Attenzione, l'utente collegato non è abilitato a modificare le prenotazioni!"), {},
+        Interazione::Icona::Avviso);
     return false;
 }
 
@@ -247,6 +286,18 @@ void SchedaPrenotazione::applicaCheckInSky(QList<RigaCamera>& camere)
 bool SchedaPrenotazione::Registra_Click()
 {
     m_salvato = false;
+    if (!ControllaPermessoModifica())
+        return false;
+    // A number with letters in it would be stored as 0: refused before anything is looked up.
+    const QString numeroTesto = NumeroPrenotazione.trimmed();
+    bool intero = false;
+    const int numeroPren = numeroTesto.toInt(&intero);
+    if (!intero || numeroPren <= 0) {
+        interazione().messaggio(QStringLiteral("Attenzione, il numero di prenotazione deve essere un numero intero "
+                                               "maggiore di zero: \"")
+                                + numeroTesto + QStringLiteral("\" non è valido."));
+        return false;
+    }
     if (!ControllaEsistenzaNumeroPrenotazione() || !ControllaCampi() || TrovataIntersezione())
         return false;
     if (GrigliaCamerePrenotate.isEmpty()) {
@@ -321,6 +372,8 @@ bool SchedaPrenotazione::Registra_Click()
 
 bool SchedaPrenotazione::Cancella_Click()
 {
+    if (!ControllaPermessoModifica())
+        return false;
     if (Indice == 0) {
         interazione().messaggio(QStringLiteral("Attenzione nessuna prenotazione da cancellare!"));
         return false;
@@ -342,7 +395,11 @@ bool SchedaPrenotazione::Fine_Click()
 {
     if (!m_modificato || !SettaPermessiUtente().Registra)
         return true;
-    if (!interazione().domandaSiNo(QStringLiteral("Salvare le modifiche apportate?")))
+    const std::optional<bool> salvare
+        = interazione().domandaSiNoAnnulla(QStringLiteral("Salvare le modifiche apportate?"));
+    if (!salvare)
+        return false;
+    if (!*salvare)
         return true;
     return Registra_Click();
 }
@@ -388,6 +445,8 @@ void SchedaPrenotazione::PrenotazioneChiusa_Click(bool spuntata)
 
 bool SchedaPrenotazione::Command6_Click()
 {
+    if (!ControllaPermessoModifica())
+        return false;
     if (Indice > 0)
         return true;
     interazione().messaggio(
@@ -451,6 +510,24 @@ QStringList SchedaPrenotazione::sceltaTipologie()
     return colonna(m_archivio,
                    QStringLiteral("SELECT CodiceTipologia FROM TabellaTipologieCamere "
                                   "GROUP BY CodiceTipologia ORDER BY CodiceTipologia"));
+}
+
+QStringList SchedaPrenotazione::sceltaTourOperator()
+{
+    return colonna(m_archivio,
+                   QStringLiteral("SELECT RagSociale FROM TabellaTourOperator WHERE RagSociale <> '' "
+                                  "GROUP BY RagSociale ORDER BY RagSociale"));
+}
+
+void SchedaPrenotazione::TourOperator_Click(const QString& ragioneSociale)
+{
+    TourOperator = ragioneSociale;
+    const QVariant codice = m_archivio.valore(
+        QStringLiteral("SELECT Codice FROM TabellaTourOperator WHERE RagSociale = ? ORDER BY Indice LIMIT 1"),
+        { ragioneSociale });
+    if (codice.isValid())
+        CodiceTourOperator = codice.toString();
+    m_modificato = true;
 }
 
 QStringList SchedaPrenotazione::sceltaCamere()

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "guests/schedaanagrafica.h"
+#include "reports/modellostampa.h"
 #include "reservations/prenotazione.h"
 #include "rooms/tabelloneregole.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace tomvera {
 
@@ -28,6 +30,14 @@ struct AbilitazioniPrenotazione
     bool Registra = true, Cancella = true, Command4 = true, Command10 = true, Command6 = true;
     bool Command2 = true; // documents
     bool Command11 = true; // the board
+};
+
+// One row of the work table Stampa2 as the reservation print fills it: Des1..Des9 and the bold flag.
+struct RigaStampa2
+{
+    QStringList Des; // up to nine texts
+    bool Grassetto = false;
+    bool operator==(const RigaStampa2& altra) const { return Des == altra.Des && Grassetto == altra.Grassetto; }
 };
 
 // F_Prenotazione, "Scheda di Prenotazione": a whole reservation held as values (header fields as typed, the
@@ -74,6 +84,8 @@ public:
     // Leaving NC, the type, Arrivo or Partenza in the per-room mode.
     void TrovaPrezzoCamera();
     void NC_LostFocus(); // also fills the type from the room
+    void CodiceTipologia_Click(const QString& tipo); // the type chosen: the list's price follows it
+    void PrezzoCamera_Change(); // a price typed by hand is never overwritten by the list
     QString Label10; // the warning of an incomplete price list, empty when hidden
     void AggiornaPrezzi_Click();
     void ListinoCamere_Click(const QString& listino);
@@ -84,7 +96,12 @@ public:
     // Commands of the header.
     bool Registra_Click();
     bool Cancella_Click(); // true: the screen closes
-    bool Fine_Click(); // true: the screen may close
+    // True: the screen may close. With changes it asks "Salvare le modifiche apportate?": Sì saves (and the
+    // screen stays open when the save did not go through), No drops them, Annulla stays.
+    bool Fine_Click();
+    // The user may save and delete: false (after the message) for a user without the reservations right or with
+    // the read-only one.
+    bool ControllaPermessoModifica();
     void Avanti_Click();
     void Indietro_Click();
     void PrenotazioneChiusa_Click(bool spuntata);
@@ -103,6 +120,9 @@ public:
     QStringList sceltaListiniCamere();
     QStringList sceltaListiniTrattamenti();
     QStringList sceltaTipologie();
+    QStringList sceltaTourOperator();
+    // A tour operator chosen by name: its code comes along.
+    void TourOperator_Click(const QString& ragioneSociale);
     QStringList sceltaCamere(); // CaricaComboCamereAssociate: the rooms of the list
 
     // Guests (the tab "DATI CLIENTI").
@@ -186,9 +206,30 @@ public:
     };
     QList<VoceListino> proposteDescrizione(const QString& testo);
     void Descrizione_Click(qint64 indiceAccessorio);
+    // Leaving the description: a text that names an item of the list (typed whole or completed) takes its price
+    // and VAT as a click on the item would.
+    void Descrizione_LostFocus();
+
+    // Printing ("Stampa"): Stampa2 is filled from what the screen holds, then read back into the print.
+    bool StampaNote = false; // the notes go on the print too; remembered
+    void StampaNote_Click(bool spuntato);
+    QList<RigaStampa2> righeStampa(bool prezziAPersona) const;
+    bool PreparaStampa();
+    bool PreparaStampaPrezziAPersona();
+    std::optional<reports::ModelloStampa> Anteprima_Click();
+
+    // Text typed where a number belongs is refused with a message, never read as 0. Empty passes.
+    bool ControllaNumero(const QString& testo, const QString& campo);
+    // Leaving a date field: 6 or 8 digits get their slashes, text that is no date is reported.
+    void Data_LostFocus(QString& testo);
 
     Interazione& interazione();
+    Sessione& sessione() { return m_sessione; }
     bool multiAzienda() const;
+    // The tax word of the settings ("Iva", or "Imp"/"Imposta" with UsaImposta): short for titles, long for
+    // messages.
+    QString EtichettaImposta() const;
+    QString EtichettaImpostaLunga() const;
 
 private:
     void PulisciCampi();
@@ -200,6 +241,9 @@ private:
     void rinumeraCamere();
     void dopoInserimentoCamera();
     void AggiornaPrezziCamere();
+    void spostaOspitiCamera(const RigaCamera& prima, const RigaCamera& dopo);
+    void ricalcolaTrattamento(OspitePrenotazione& ospite) const;
+    bool riempiStampa2(const QList<RigaStampa2>& righe);
     void SettaListinoPrezzi();
     void leggiVariabili();
     void vaiA(const QString& sql, const QVariantList& parametri);
@@ -220,6 +264,8 @@ private:
     QString m_tipoTrattamentoRicordato, m_tipoAlloggiatoRicordato;
     bool m_modificato = false;
     bool m_salvato = false;
+    std::optional<RigaCamera> m_rigaRipresa; // the room row taken back into the entry line, as it was
+    bool m_prezzoDaListino = false; // the entry line's price came from the list, not from the keyboard
 };
 
 } // namespace tomvera

@@ -275,6 +275,7 @@ class TestSchermoListinoAccessori : public QObject
 private slots:
     void controlliScritturaERicerca();
     void rifiutiEStampa();
+    void dirittiUtente();
 };
 
 void TestSchermoListinoAccessori::controlliScritturaERicerca()
@@ -357,6 +358,37 @@ void TestSchermoListinoAccessori::rifiutiEStampa()
     const QStringList righe = reports::leggiStampa(b.t.archivio());
     QCOMPARE(righe.first(), QStringLiteral("Data di Stampa: 10/05/2026"));
     QVERIFY(righe.at(1).startsWith(QStringLiteral("Tipo")));
+    QVERIFY(b.io().errore().isEmpty());
+}
+
+void TestSchermoListinoAccessori::dirittiUtente()
+{
+    Banco b;
+    QVERIFY(b.t.archivio().comando(QStringLiteral(
+        "INSERT INTO TabellaListinoAccessori (Tipo, Descrizione, Prezzo, Iva) VALUES ('Bar', 'Acqua', 1, 22)")));
+    b.sessione.permessi->amministratore = false;
+    b.sessione.UtenteCollegato = QStringLiteral("Mario");
+    b.sessione.permessi->Listini = true;
+    b.sessione.permessi->ListiniSoloLettura = true;
+    const QString negato = QStringLiteral("Attenzione, l'utente collegato non è abilitato a modificare i listini!");
+    SchermoListinoAccessori s(b.sessione);
+    s.Form_Load();
+    s.Tipo = QStringLiteral("Bar");
+    s.Descrizione = QStringLiteral("Tè");
+    s.Prezzo = QStringLiteral("2");
+    s.Iva = QStringLiteral("22");
+    QVERIFY(!s.Ins_Click());
+    s.Griglia_Click(0);
+    QVERIFY(!s.Command15_Click());
+    QCOMPARE(b.io().testi(), QStringList({ negato, negato }));
+    b.sessione.permessi->ListiniSoloLettura = false;
+    b.sessione.permessi->Listini = false;
+    QVERIFY(!s.Command15_Click());
+    QCOMPARE(b.t.archivio().valore(QStringLiteral("SELECT count(*) FROM TabellaListinoAccessori")).toInt(), 1);
+    b.sessione.permessi->Listini = true;
+    s.Griglia_Click(0);
+    b.io().rispondiSi(QStringLiteral("cancellare la riga selezionata"));
+    QVERIFY(s.Command15_Click());
     QVERIFY(b.io().errore().isEmpty());
 }
 

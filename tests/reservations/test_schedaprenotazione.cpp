@@ -57,10 +57,16 @@ void TestRegistraPrenotazione::nuovaDalTabelloneSiRegistraESiRiapre()
     // Change a date and save again: the existing reservation is rewritten after the question.
     riaperta->GrigliaCamerePrenotate_DblClick(0);
     riaperta->Partenza = QStringLiteral("05/07/2026");
+    // The guest carried the room's dates: asked, and moved with the list's price for the longer stay.
+    b.interazione().rispondiSi(QStringLiteral("Spostare anche l'ospite registrato nella camera 101"));
     riaperta->Command7_Click();
     b.interazione().rispondiSi(QStringLiteral("già esistente"));
     QVERIFY(riaperta->Registra_Click());
-    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaMovimenti WHERE Al = '2026-07-05'")), 1);
+    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaMovimenti WHERE Al = '2026-07-05' AND Avere = 320")),
+             1);
+    QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaAnagraficheAssociatePrenotazioni "
+                                    "WHERE DataPartenza = '2026-07-05'")),
+             1);
     QCOMPARE(b.conta(QStringLiteral("SELECT count(*) FROM TabellaPrenotazioni")), 1);
     QVERIFY(b.interazione().errore().isEmpty());
 }

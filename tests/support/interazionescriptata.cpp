@@ -11,7 +11,8 @@ QVariant InterazioneScriptata::prendi(Tipo tipo, const QString& testo)
     }
     Risposta r = m_risposte.front();
     m_risposte.pop_front();
-    if (r.tipo != tipo && m_errore.isEmpty())
+    const bool compatibile = r.tipo == tipo || (tipo == Tipo::SiNoAnnulla && r.tipo == Tipo::SiNo);
+    if (!compatibile && m_errore.isEmpty())
         m_errore = QStringLiteral("risposta di altro tipo per: ") + testo;
     if (!r.attesoContiene.isEmpty() && !testo.contains(r.attesoContiene) && m_errore.isEmpty())
         m_errore = QStringLiteral("la risposta per \"") + r.attesoContiene + QStringLiteral("\" e' andata a: ") + testo;
@@ -30,6 +31,14 @@ bool InterazioneScriptata::domandaSiNo(const QString& testo, const QString& tito
     m_testi << testo;
     m_titoli << titolo;
     return prendi(Tipo::SiNo, testo).toBool();
+}
+
+std::optional<bool> InterazioneScriptata::domandaSiNoAnnulla(const QString& testo, const QString& titolo, Icona)
+{
+    m_testi << testo;
+    m_titoli << titolo;
+    const QVariant v = prendi(Tipo::SiNoAnnulla, testo);
+    return v.isValid() ? std::optional<bool>(v.toBool()) : std::nullopt;
 }
 
 bool InterazioneScriptata::okAnnulla(const QString& testo, const QString& titolo, Icona)

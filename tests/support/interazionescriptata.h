@@ -16,6 +16,7 @@ public:
     enum class Tipo
     {
         SiNo,
+        SiNoAnnulla,
         OkAnnulla,
         Input,
         File,
@@ -32,6 +33,11 @@ public:
     // Script helpers.
     void rispondiSi(const QString& contiene = {}) { m_risposte.push_back({ Tipo::SiNo, true, contiene }); }
     void rispondiNo(const QString& contiene = {}) { m_risposte.push_back({ Tipo::SiNo, false, contiene }); }
+    // "Annulla" to a Yes/No/Cancel question (Sì and No to it are scripted with rispondiSi and rispondiNo).
+    void rispondiAnnullaDomanda(const QString& contiene = {})
+    {
+        m_risposte.push_back({ Tipo::SiNoAnnulla, QVariant(), contiene });
+    }
     void rispondiOk(const QString& contiene = {}) { m_risposte.push_back({ Tipo::OkAnnulla, true, contiene }); }
     void rispondiAnnulla(const QString& contiene = {}) { m_risposte.push_back({ Tipo::OkAnnulla, false, contiene }); }
     void rispondiInput(const QString& testo, const QString& contiene = {})
@@ -60,6 +66,7 @@ public:
 
     void messaggio(const QString& testo, const QString& titolo, Icona) override;
     bool domandaSiNo(const QString& testo, const QString& titolo, Icona) override;
+    std::optional<bool> domandaSiNoAnnulla(const QString& testo, const QString& titolo, Icona) override;
     bool okAnnulla(const QString& testo, const QString& titolo, Icona) override;
     std::optional<QString> inputBox(const QString& testo, const QString& titolo, const QString& predefinito) override;
     std::optional<QString> scegliFileDaAprire(const QString& titolo, const QString&, const QString&) override;

@@ -83,6 +83,10 @@ Tabella TabellaRigheSky();
 // Declared for completeness and never created: the exchange tool reports through the other tables.
 Tabella TabellaEsitoOperazioneSky();
 
+// The size of a text field as declared, for the inputs bound to it; 0 for a field with no size (memo, numbers)
+// or a name the table doesn't have.
+int dimensioneDichiarata(const Tabella& tabella, const QString& campo);
+
 // The tables of Archivio.mdb in the order the creation applies them.
 QList<Tabella> tabelleArchivio();
 // The tables of ArchivioSky.mdb in the order the creation applies them.

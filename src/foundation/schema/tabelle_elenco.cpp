@@ -56,6 +56,15 @@ QList<Tabella> tabelleArchivio()
              ConfigurazioneMultiAzienda() };
 }
 
+int dimensioneDichiarata(const Tabella& tabella, const QString& campo)
+{
+    for (const Campo& c : tabella.campi) {
+        if (c.nome.compare(campo, Qt::CaseInsensitive) == 0)
+            return c.tipo == Tipo::Testo ? c.dimensione : 0;
+    }
+    return 0;
+}
+
 QList<Tabella> tabelleArchivioSky()
 {
     return { TabellaRigheSky(),          TabellaCheckOutSky(),    TabellaCheckInSky(),

@@ -58,6 +58,22 @@ bool InterazioneQt::domandaSiNo(const QString& testo, const QString& titolo, Ico
     return box.exec() == QMessageBox::Yes;
 }
 
+std::optional<bool> InterazioneQt::domandaSiNoAnnulla(const QString& testo, const QString& titolo, Icona icona)
+{
+    QMessageBox box(iconaQt(icona), titoloOProdotto(titolo), testo,
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, m_genitore);
+    box.button(QMessageBox::Yes)->setText(QStringLiteral("Sì"));
+    box.button(QMessageBox::Cancel)->setText(QStringLiteral("Annulla"));
+    box.setDefaultButton(QMessageBox::Yes);
+    box.setEscapeButton(QMessageBox::Cancel);
+    const int risposta = box.exec();
+    if (risposta == QMessageBox::Yes)
+        return true;
+    if (risposta == QMessageBox::No)
+        return false;
+    return std::nullopt;
+}
+
 bool InterazioneQt::okAnnulla(const QString& testo, const QString& titolo, Icona icona)
 {
     QMessageBox box(iconaQt(icona), titoloOProdotto(titolo), testo, QMessageBox::Ok | QMessageBox::Cancel, m_genitore);

@@ -21,6 +21,7 @@ public:
 
     void messaggio(const QString& testo, const QString& titolo, Icona icona) override;
     bool domandaSiNo(const QString& testo, const QString& titolo, Icona icona) override;
+    std::optional<bool> domandaSiNoAnnulla(const QString& testo, const QString& titolo, Icona icona) override;
     bool okAnnulla(const QString& testo, const QString& titolo, Icona icona) override;
     std::optional<QString> inputBox(const QString& testo, const QString& titolo, const QString& predefinito) override;
     std::optional<QString> scegliFileDaAprire(const QString& titolo, const QString& cartella,

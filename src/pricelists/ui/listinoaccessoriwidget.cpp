@@ -1,5 +1,6 @@
 #include "pricelists/ui/listinoaccessoriwidget.h"
 
+#include "foundation/schema/tabelle.h"
 #include "pricelists/schermolistinoaccessori.h"
 
 #include <QComboBox>
@@ -39,6 +40,10 @@ ListinoAccessoriWidget::ListinoAccessoriWidget(std::unique_ptr<SchermoListinoAcc
     m_iva->setMaximumWidth(60);
     m_iva->setAlignment(Qt::AlignRight);
     m_etichettaIva = new QLabel(dati);
+    // The group and the text take the size of their fields, so an overlong text can't be typed or pasted.
+    const schema::Tabella tabella = schema::TabellaListinoAccessori();
+    m_tipo->lineEdit()->setMaxLength(schema::dimensioneDichiarata(tabella, QStringLiteral("Tipo")));
+    m_descrizione->setMaxLength(schema::dimensioneDichiarata(tabella, QStringLiteral("Descrizione")));
     auto* griglia = new QGridLayout(dati);
     griglia->addWidget(new QLabel(QStringLiteral("Tipo"), dati), 0, 0);
     griglia->addWidget(m_tipo, 0, 1, 1, 3);

@@ -174,6 +174,11 @@ void Impaginazione::disegnaPagina(QPainter& painter, const QRectF& area, int pag
         if ((p.primaRiga + i) % 2 == 1)
             painter.fillRect(QRectF(area.left(), y, area.width(), m.riga), QColor(244, 246, 248));
         painter.setPen(Qt::black);
+        if (m_modello.colonne.isEmpty()) {
+            QFont carattere = c.fisso;
+            carattere.setBold(m_modello.grassetto.value(p.primaRiga + i));
+            painter.setFont(carattere);
+        }
         if (m_modello.colonne.isEmpty())
             painter.drawText(QRectF(area.left(), y, area.width(), m.riga), Qt::AlignLeft | Qt::AlignVCenter,
                              riga.join(QStringLiteral(" | ")));

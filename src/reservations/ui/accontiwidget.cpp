@@ -29,6 +29,7 @@ AccontiWidget::AccontiWidget(std::unique_ptr<SchedaAcconti> logica, QWidget* gen
     m_data->setObjectName(QStringLiteral("Data"));
     m_descrizione = new QLineEdit(this);
     m_descrizione->setObjectName(QStringLiteral("Descrizione"));
+    m_descrizione->setMaxLength(250); // TabellaMovimenti.Descrizione
     m_importo = new QLineEdit(this);
     m_importo->setObjectName(QStringLiteral("Importo"));
     m_fr = new QCheckBox(QStringLiteral("F/R*"), this);

@@ -1,5 +1,6 @@
 // Extras and totals of F_Prenotazione.
 #include "foundation/formati.h"
+#include "foundation/schema/tabelle.h"
 #include "reservations/schedaprenotazione.h"
 #include "reservations/ui/aiuti.h"
 #include "reservations/ui/prenotazionewidget.h"
@@ -17,6 +18,30 @@ namespace tomvera {
 
 using aiuti::cella;
 using aiuti::riempi;
+
+namespace {
+
+// The extras' description: typing proposes the list's items, and opening the list shows them all (of the
+// chosen group) before anything is typed.
+class SceltaDescrizione : public QComboBox
+{
+public:
+    explicit SceltaDescrizione(QWidget* genitore)
+        : QComboBox(genitore)
+    {
+        setObjectName(QStringLiteral("Descrizione"));
+        setEditable(true);
+    }
+    std::function<void()> primaDiAprire;
+    void showPopup() override
+    {
+        if (primaDiAprire)
+            primaDiAprire();
+        QComboBox::showPopup();
+    }
+};
+
+} // namespace
 
 QWidget* PrenotazioneWidget::creaSchedaAccessori()
 {
@@ -41,8 +66,12 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
         QStringLiteral("Tipo"), [this] { return m_logica->sceltaTipoAccessorio(); }, scheda);
     m_tipoArt->setEditable(true);
     m_tipoArt->setMinimumWidth(120);
-    m_descrizioneArt = scelta("Descrizione", true);
+    auto* descrizione = new SceltaDescrizione(scheda);
+    m_descrizioneArt = descrizione;
     m_descrizioneArt->setMinimumWidth(240);
+    const schema::Tabella movimenti = schema::TabellaMovimenti();
+    m_tipoArt->lineEdit()->setMaxLength(schema::dimensioneDichiarata(movimenti, QStringLiteral("TipoAccessorio")));
+    m_descrizioneArt->lineEdit()->setMaxLength(schema::dimensioneDichiarata(movimenti, QStringLiteral("Descrizione")));
     m_qta = linea("Qta", 60);
     m_prezzoUnitario = linea("PrezzoUnitario", 90);
     m_prezzoArt = linea("Prezzo", 90);
@@ -51,19 +80,27 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
     m_nroCameraArt->setMinimumWidth(70);
     auto* ins = new QPushButton(QStringLiteral("INSERISCI"), scheda);
     ins->setObjectName(QStringLiteral("Ins"));
-    const QList<std::pair<const char*, QWidget*>> voci = { { "Data", m_dataArt },
-                                                           { "Tipo", m_tipoArt },
-                                                           { "Descrizione", m_descrizioneArt },
-                                                           { "Qtà", m_qta },
-                                                           { "Prezzo Unit.", m_prezzoUnitario },
-                                                           { "Prezzo", m_prezzoArt },
-                                                           { "Iva", m_ivaArt },
-                                                           { "N.C.", m_nroCameraArt } };
+    m_etichettaIvaArt = new QLabel(m_logica->EtichettaImposta(), scheda);
+    m_etichettaIvaArt->setObjectName(QStringLiteral("EtichettaIvaAccessorio"));
+    const QList<std::pair<QLabel*, QWidget*>> voci
+        = { { new QLabel(QStringLiteral("Data"), scheda), m_dataArt },
+            { new QLabel(QStringLiteral("Tipo"), scheda), m_tipoArt },
+            { new QLabel(QStringLiteral("Descrizione"), scheda), m_descrizioneArt },
+            { new QLabel(QStringLiteral("Qtà"), scheda), m_qta },
+            { new QLabel(QStringLiteral("Prezzo Unit."), scheda), m_prezzoUnitario },
+            { new QLabel(QStringLiteral("Prezzo"), scheda), m_prezzoArt },
+            { m_etichettaIvaArt, m_ivaArt },
+            { new QLabel(QStringLiteral("N.C."), scheda), m_nroCameraArt } };
     int colonna = 0;
     for (const auto& [etichetta, w] : voci) {
-        g->addWidget(new QLabel(QString::fromUtf8(etichetta), scheda), 0, colonna);
+        g->addWidget(etichetta, 0, colonna);
         g->addWidget(w, 1, colonna++);
     }
+    for (QWidget* w :
+         { static_cast<QWidget*>(m_tipoArt->lineEdit()), static_cast<QWidget*>(m_descrizioneArt->lineEdit()),
+           static_cast<QWidget*>(m_qta), static_cast<QWidget*>(m_prezzoUnitario), static_cast<QWidget*>(m_prezzoArt),
+           static_cast<QWidget*>(m_ivaArt) })
+        w->installEventFilter(this);
     g->addWidget(ins, 1, colonna);
     g->setColumnStretch(colonna + 1, 1);
     v->addLayout(g);
@@ -77,10 +114,10 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
 
     m_righeArt = new QTableWidget(0, 11, scheda);
     m_righeArt->setObjectName(QStringLiteral("RigheArt"));
-    m_righeArt->setHorizontalHeaderLabels({ QStringLiteral("Indice"), QStringLiteral("N°"), QString(), QString(),
-                                            QStringLiteral("Data"), QStringLiteral("Tipo"),
-                                            QStringLiteral("Descrizione"), QStringLiteral("Qtà"),
-                                            QStringLiteral("Prezzo"), QStringLiteral("Iva"), QStringLiteral("N.C.") });
+    m_righeArt->setHorizontalHeaderLabels(
+        { QStringLiteral("Indice"), QStringLiteral("N°"), QString(), QString(), QStringLiteral("Data"),
+          QStringLiteral("Tipo"), QStringLiteral("Descrizione"), QStringLiteral("Qtà"), QStringLiteral("Prezzo"),
+          m_logica->EtichettaImposta(), QStringLiteral("N.C.") });
     for (int c : { 0, 2, 3 })
         m_righeArt->setColumnHidden(c, true);
     m_righeArt->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -112,7 +149,7 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
         if (m_abbuono->isModified())
             comando([this] { m_logica->Abbuono_Change(m_abbuono->text()); });
     });
-    connect(m_descrizioneArt->lineEdit(), &QLineEdit::textEdited, this, [this](const QString& testo) {
+    const auto proponi = [this](const QString& testo) {
         leggiAccessori();
         m_aggiornando = true;
         m_descrizioneArt->clear();
@@ -120,7 +157,27 @@ QWidget* PrenotazioneWidget::creaSchedaAccessori()
             m_descrizioneArt->addItem(voce.descrizione, voce.indice);
         m_descrizioneArt->setEditText(testo);
         m_aggiornando = false;
-    });
+    };
+    connect(m_descrizioneArt->lineEdit(), &QLineEdit::textEdited, this, proponi);
+    // Opened with nothing typed: the whole list of the group.
+    descrizione->primaDiAprire = [this, proponi] {
+        const QString testo = m_descrizioneArt->currentText();
+        proponi(m_logica->Accessorio.IndiceAccessorio > 0 ? QString() : testo);
+        m_descrizioneArt->setEditText(testo);
+    };
+    // Tab or a click elsewhere after a completed text: the item's price comes along as on a click.
+    connect(m_descrizioneArt->lineEdit(), &QLineEdit::editingFinished, this,
+            [this] { comando([this] { m_logica->Descrizione_LostFocus(); }); });
+    connect(m_dataArt, &QLineEdit::editingFinished, this, [this] { controllaData(m_dataArt); });
+    connect(m_qta, &QLineEdit::editingFinished, this, [this] { controllaNumero(m_qta, QStringLiteral("Qtà")); });
+    connect(m_prezzoUnitario, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_prezzoUnitario, QStringLiteral("Prezzo Unitario")); });
+    connect(m_prezzoArt, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_prezzoArt, QStringLiteral("Prezzo")); });
+    connect(m_ivaArt, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_ivaArt, m_logica->EtichettaImpostaLunga()); });
+    connect(m_abbuono, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_abbuono, QStringLiteral("Abbuono")); });
     connect(m_descrizioneArt, qOverload<int>(&QComboBox::activated), this, [this](int i) {
         const qint64 indice = m_descrizioneArt->itemData(i).toLongLong();
         if (indice > 0)
@@ -154,7 +211,11 @@ void PrenotazioneWidget::aggiornaAccessori()
     m_prezzoUnitario->setText(a.PrezzoUnitario);
     m_prezzoArt->setText(a.Prezzo);
     m_ivaArt->setText(a.Iva);
-    riempi(m_nroCameraArt, QStringList(QString()) + l.sceltaCamere(), a.NroCamera);
+    // The line's room stays a choice even when it is not (or no longer) in the room list: never lost on a save.
+    QStringList camere = QStringList(QString()) + l.sceltaCamere();
+    if (!camere.contains(a.NroCamera))
+        camere << a.NroCamera;
+    riempi(m_nroCameraArt, camere, a.NroCamera);
     riempi(m_tipoSel, QStringList(QString()) + l.sceltaTipoSel(), l.TipoSel);
     m_abbuono->setText(l.Abbuono);
     const QList<int> righe = l.RigheArt();

@@ -1,6 +1,10 @@
 #include "reservations/ui/prenotazionewidget.h"
 
 #include "foundation/formati.h"
+#include "foundation/schema/tabelle.h"
+#include "foundation/sessione.h"
+#include "reports/stampagenerica.h"
+#include "reports/ui/anteprimastampa.h"
 #include "reservations/schedaprenotazione.h"
 #include "reservations/ui/aiuti.h"
 
@@ -47,6 +51,13 @@ QString testoIva(double iva)
     return formattaNumero(iva, iva == static_cast<qint64>(iva) ? 0 : 2, false);
 }
 
+// An input bound to a stored text takes the field's size: an overlong text can be neither typed nor pasted.
+void limita(QLineEdit* campo, const schema::Tabella& tabella, const char* nomeCampo)
+{
+    if (const int dimensione = schema::dimensioneDichiarata(tabella, QLatin1String(nomeCampo)); dimensione > 0)
+        campo->setMaxLength(dimensione);
+}
+
 } // namespace
 
 PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logica, QWidget* genitore)
@@ -80,6 +91,14 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
         QStringLiteral("ListinoTrattamenti"), [this] { return m_logica->sceltaListiniTrattamenti(); }, testa);
     m_listinoTrattamenti->setMinimumWidth(140);
     m_codiceAzienda = campo(QStringLiteral("CodiceAzienda"), testa, 120);
+    m_tourOperator = new aiuti::SceltaPigra(
+        QStringLiteral("TourOperator"), [this] { return m_logica->sceltaTourOperator(); }, testa);
+    m_tourOperator->setEditable(true);
+    m_tourOperator->setMinimumWidth(220);
+    m_codiceTourOperator = campo(QStringLiteral("CodiceTourOperator"), testa, 120);
+    // The document made from the reservation, written by the documents: shown, not typed.
+    m_riferimento = new QLabel(testa);
+    m_riferimento->setObjectName(QStringLiteral("RiferimentoDocumento"));
     gt->addWidget(new QLabel(QStringLiteral("N° Prenotazione"), testa), 0, 0);
     gt->addWidget(m_numero, 0, 1);
     gt->addWidget(new QLabel(QStringLiteral("Data"), testa), 0, 2);
@@ -93,6 +112,11 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     gt->addWidget(m_aPersona, 1, 4);
     gt->addWidget(m_listinoTrattamenti, 1, 5);
     gt->addWidget(m_codiceAzienda, 1, 6);
+    gt->addWidget(new QLabel(QStringLiteral("Tour Operator"), testa), 2, 0);
+    gt->addWidget(m_tourOperator, 2, 1, 1, 3);
+    gt->addWidget(new QLabel(QStringLiteral("Cod. T.O."), testa), 2, 4);
+    gt->addWidget(m_codiceTourOperator, 2, 5);
+    gt->addWidget(m_riferimento, 2, 6, 1, 2);
     gt->setColumnStretch(8, 1);
     principale->addWidget(testa);
 
@@ -113,6 +137,9 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     m_documento->setEnabled(false); // the documents subsystem is not wired yet
     m_planning = bottone(QStringLiteral("Command11"), QStringLiteral("Planning"), this);
     auto* fine = bottone(QStringLiteral("Fine"), QStringLiteral("Esci"), this);
+    m_anteprima = bottone(QStringLiteral("Anteprima"), QStringLiteral("Stampa"), this);
+    m_stampaNote = new QCheckBox(QStringLiteral("Stampa Note"), this);
+    m_stampaNote->setObjectName(QStringLiteral("StampaNote"));
     m_totaleAcconto = new QLabel(this);
     m_totaleAcconto->setObjectName(QStringLiteral("TotaleAcconto"));
     m_totale = new QLabel(this);
@@ -125,9 +152,24 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     piede->addWidget(m_totaleAcconto);
     piede->addWidget(m_totale);
     piede->addStretch(1);
-    for (QPushButton* b : { m_registra, m_cancella, m_acconti, m_documento, m_planning, fine })
+    piede->addWidget(m_stampaNote);
+    for (QPushButton* b : { m_anteprima, m_registra, m_cancella, m_acconti, m_documento, m_planning, fine })
         piede->addWidget(b);
     principale->addLayout(piede);
+
+    m_stampa = [this](const reports::ModelloStampa& modello) {
+        Sessione& s = m_logica->sessione();
+        reports::mostraAnteprimaStampa(modello, s.interazione,
+                                       reports::stampantiDelleImpostazioni(s.PercorsoDB, s.errori), this);
+    };
+    connect(m_anteprima, &QPushButton::clicked, this, [this] {
+        leggi();
+        const auto modello = m_logica->Anteprima_Click();
+        aggiorna();
+        if (modello && m_stampa)
+            m_stampa(*modello);
+    });
+    connect(m_stampaNote, &QCheckBox::clicked, this, [this](bool s) { m_logica->StampaNote_Click(s); });
 
     connect(m_registra, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Registra_Click(); }); });
     connect(m_cancella, &QPushButton::clicked, this, [this] {
@@ -141,8 +183,10 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
     connect(indietro, &QPushButton::clicked, this, [this] { comando([this] { m_logica->Indietro_Click(); }); });
     connect(fine, &QPushButton::clicked, this, &PrenotazioneWidget::reject);
     connect(m_planning, &QPushButton::clicked, this, [this] {
-        emit tornaAlPlanning();
+        // Back to the board only once the screen has really closed (the question may keep it open).
         reject();
+        if (!isVisible())
+            emit tornaAlPlanning();
     });
     connect(m_acconti, &QPushButton::clicked, this, [this] {
         leggi();
@@ -164,12 +208,32 @@ PrenotazioneWidget::PrenotazioneWidget(std::unique_ptr<SchedaPrenotazione> logic
             [this](const QString& l) { comando([this, l] { m_logica->ListinoTrattamenti_Click(l); }); });
     for (QLineEdit* e : { m_numero, m_data })
         connect(e, &QLineEdit::textEdited, this, [this] { m_logica->segnaModificato(); });
+    connect(m_data, &QLineEdit::editingFinished, this, [this] { controllaData(m_data); });
+    connect(m_numero, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_numero, QStringLiteral("N° Prenotazione")); });
+    const schema::Tabella prenotazioni = schema::TabellaPrenotazioni();
+    limita(m_stato->lineEdit(), prenotazioni, "Stato");
+    limita(m_codiceAzienda, prenotazioni, "CodiceAzienda");
+    limita(m_tourOperator->lineEdit(), prenotazioni, "TourOperator");
+    limita(m_codiceTourOperator, prenotazioni, "CodiceTourOperator");
+    connect(m_tourOperator, &QComboBox::textActivated, this,
+            [this](const QString& t) { comando([this, t] { m_logica->TourOperator_Click(t); }); });
+    connect(m_tourOperator, &QComboBox::editTextChanged, this, [this] {
+        if (!m_aggiornando)
+            m_logica->segnaModificato();
+    });
+    connect(m_codiceTourOperator, &QLineEdit::textEdited, this, [this] { m_logica->segnaModificato(); });
     connect(m_stato, &QComboBox::editTextChanged, this, [this] {
         if (!m_aggiornando)
             m_logica->segnaModificato();
     });
 
     m_codiceAzienda->setVisible(m_logica->multiAzienda());
+    // Enter must never press a button it was not aimed at (the first one would be Registra or Elimina).
+    for (QPushButton* b : findChildren<QPushButton*>()) {
+        b->setAutoDefault(false);
+        b->setDefault(false);
+    }
     resize(1180, 720);
     aggiorna();
     applicaPermessi();
@@ -181,6 +245,9 @@ PrenotazioneWidget::~PrenotazioneWidget()
     for (QWidget* w : { static_cast<QWidget*>(m_camere), static_cast<QWidget*>(m_righeArt) })
         w->removeEventFilter(this);
     scollegaClienti();
+    // Nor may a field that loses its focus while the screen is torn down reach the logic.
+    for (QWidget* w : findChildren<QWidget*>())
+        w->disconnect(this);
 }
 
 QWidget* PrenotazioneWidget::creaSchedaCamere()
@@ -199,16 +266,25 @@ QWidget* PrenotazioneWidget::creaSchedaCamere()
     auto* inserisci = bottone(QStringLiteral("Command7"), QStringLiteral(">>  INSERISCI"), scheda);
     auto* aggiungi
         = bottone(QStringLiteral("AggiungiCamera"), QStringLiteral("SELEZIONA LA CAMERA DA AGGIUNGERE"), scheda);
-    const QList<std::pair<QString, QWidget*>> voci = { { QStringLiteral("N°C."), m_nc },
-                                                       { QStringLiteral("Cod. Tipologia"), m_codiceTipologia },
-                                                       { QStringLiteral("Data Arr."), m_arrivo },
-                                                       { QStringLiteral("Data Part."), m_partenza },
-                                                       { QStringLiteral("Prezzo"), m_prezzoCamera },
-                                                       { QStringLiteral("Iva"), m_ivaCamera } };
+    const schema::Tabella movimenti = schema::TabellaMovimenti();
+    limita(m_nc, movimenti, "NroCamera");
+    limita(m_codiceTipologia->lineEdit(), movimenti, "CodiceTipologiaCamera");
+    m_etichettaPrezzo = new QLabel(QStringLiteral("Prezzo"), scheda);
+    m_etichettaPrezzo->setObjectName(QStringLiteral("EtichettaPrezzoCamera"));
+    m_etichettaIvaCamera = new QLabel(m_logica->EtichettaImposta(), scheda);
+    const QList<std::pair<QLabel*, QWidget*>> voci
+        = { { new QLabel(QStringLiteral("N°C."), scheda), m_nc },
+            { new QLabel(QStringLiteral("Cod. Tipologia"), scheda), m_codiceTipologia },
+            { new QLabel(QStringLiteral("Data Arr."), scheda), m_arrivo },
+            { new QLabel(QStringLiteral("Data Part."), scheda), m_partenza },
+            { m_etichettaPrezzo, m_prezzoCamera },
+            { m_etichettaIvaCamera, m_ivaCamera } };
     for (const auto& [etichetta, w] : voci) {
-        riga->addWidget(new QLabel(etichetta, scheda));
+        riga->addWidget(etichetta);
         riga->addWidget(w);
+        w->installEventFilter(this);
     }
+    m_codiceTipologia->lineEdit()->installEventFilter(this);
     riga->addWidget(inserisci);
     riga->addStretch(1);
     v->addLayout(riga);
@@ -226,9 +302,10 @@ QWidget* PrenotazioneWidget::creaSchedaCamere()
 
     m_camere = new QTableWidget(0, 7, scheda);
     m_camere->setObjectName(QStringLiteral("GrigliaCamerePrenotate"));
-    m_camere->setHorizontalHeaderLabels(
-        { QStringLiteral("IndiceRiga"), QStringLiteral("N°C."), QStringLiteral("Cod. Tipologia"),
-          QStringLiteral("Data Arr."), QStringLiteral("Data Part."), QStringLiteral("Prezzo"), QStringLiteral("Iva") });
+    m_camere->setHorizontalHeaderLabels({ QStringLiteral("IndiceRiga"), QStringLiteral("N°C."),
+                                          QStringLiteral("Cod. Tipologia"), QStringLiteral("Data Arr."),
+                                          QStringLiteral("Data Part."), QStringLiteral("Prezzo"),
+                                          m_logica->EtichettaImposta() });
     m_camere->setColumnHidden(0, true);
     m_camere->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_camere->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -256,16 +333,81 @@ QWidget* PrenotazioneWidget::creaSchedaCamere()
     connect(m_nc, &QLineEdit::editingFinished, this, [this] { comando([this] { m_logica->NC_LostFocus(); }); });
     for (QLineEdit* e : { m_arrivo, m_partenza }) {
         connect(e, &QLineEdit::editingFinished, this, [this, e] {
-            if (const auto d = leggiData(e->text()))
-                e->setText(testoData(*d));
+            controllaData(e);
             comando([this] { m_logica->TrovaPrezzoCamera(); });
         });
     }
+    connect(m_codiceTipologia, &QComboBox::textActivated, this,
+            [this](const QString& t) { comando([this, t] { m_logica->CodiceTipologia_Click(t); }); });
+    connect(m_codiceTipologia->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        const QString t = m_codiceTipologia->currentText();
+        comando([this, t] { m_logica->CodiceTipologia_Click(t); });
+    });
+    connect(m_prezzoCamera, &QLineEdit::textEdited, this, [this] { m_logica->PrezzoCamera_Change(); });
+    connect(m_prezzoCamera, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_prezzoCamera, QStringLiteral("Prezzo")); });
+    connect(m_ivaCamera, &QLineEdit::editingFinished, this,
+            [this] { controllaNumero(m_ivaCamera, m_logica->EtichettaImpostaLunga()); });
     return scheda;
+}
+
+bool PrenotazioneWidget::escapeInRiga(QObject* oggetto)
+{
+    const auto dentro = [oggetto](std::initializer_list<QWidget*> campi) {
+        for (QWidget* c : campi) {
+            if (oggetto == c || (c && c->isAncestorOf(qobject_cast<QWidget*>(oggetto))))
+                return true;
+        }
+        return false;
+    };
+    const auto pieno = [](std::initializer_list<QString> testi) {
+        for (const QString& t : testi) {
+            if (!t.trimmed().isEmpty())
+                return true;
+        }
+        return false;
+    };
+    if (dentro({ m_nc, m_codiceTipologia, m_arrivo, m_partenza, m_prezzoCamera, m_ivaCamera })) {
+        if (!pieno({ m_nc->text(), m_codiceTipologia->currentText(), m_arrivo->text(), m_partenza->text(),
+                     m_prezzoCamera->text(), m_ivaCamera->text() }))
+            return false;
+        comando([this] { m_logica->GrigliaCamerePrenotate_Escape(); });
+        return true;
+    }
+    if (dentro({ m_tipoArt, m_descrizioneArt, m_qta, m_prezzoUnitario, m_prezzoArt, m_ivaArt })) {
+        if (!pieno({ m_tipoArt->currentText(), m_descrizioneArt->currentText(), m_qta->text(), m_prezzoUnitario->text(),
+                     m_prezzoArt->text(), m_ivaArt->text() }))
+            return false;
+        comando([this] { m_logica->RigheArt_Escape(); });
+        return true;
+    }
+    return false;
+}
+
+void PrenotazioneWidget::controllaData(QLineEdit* campo)
+{
+    // The message box takes the focus: the field must not check itself again meanwhile.
+    if (m_aggiornando || campo->property("controllato").toString() == campo->text())
+        return;
+    QString testo = campo->text();
+    m_logica->Data_LostFocus(testo);
+    campo->setText(testo);
+    campo->setProperty("controllato", testo);
+}
+
+void PrenotazioneWidget::controllaNumero(QLineEdit* campo, const QString& nome)
+{
+    if (m_aggiornando || campo->property("controllato").toString() == campo->text())
+        return;
+    campo->setProperty("controllato", campo->text());
+    m_logica->ControllaNumero(campo->text(), nome);
 }
 
 bool PrenotazioneWidget::eventFilter(QObject* oggetto, QEvent* evento)
 {
+    if (evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape
+        && escapeInRiga(oggetto))
+        return true;
     if (evento->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evento)->key() == Qt::Key_Escape) {
         if (oggetto == m_camere) {
             comando([this] { m_logica->GrigliaCamerePrenotate_Escape(); });
@@ -325,6 +467,8 @@ void PrenotazioneWidget::leggi()
         l.segnaModificato();
     l.NotePrenotazione = m_note->toPlainText();
     l.CodiceAzienda = m_codiceAzienda->text();
+    l.TourOperator = m_tourOperator->currentText();
+    l.CodiceTourOperator = m_codiceTourOperator->text();
     l.NC = m_nc->text();
     l.CodiceTipologia = m_codiceTipologia->currentText();
     l.Arrivo = m_arrivo->text();
@@ -362,8 +506,18 @@ void PrenotazioneWidget::aggiornaIntestazione()
     m_listinoTrattamenti->setVisible(l.PrezziAPersona);
     m_aggiornaPrezzi->setEnabled(l.PrezziACamera);
     m_prezzoCamera->setVisible(l.PrezziACamera);
+    m_etichettaPrezzo->setVisible(l.PrezziACamera);
+    m_stampaNote->setChecked(l.StampaNote);
     m_note->setPlainText(l.NotePrenotazione);
     m_codiceAzienda->setText(l.CodiceAzienda);
+    m_tourOperator->imposta(l.TourOperator);
+    m_codiceTourOperator->setText(l.CodiceTourOperator);
+    const bool documento = !l.RiferimentoDoc.isEmpty() || !l.RiferimentoNumero.isEmpty();
+    m_riferimento->setText(
+        documento ? l.RiferimentoDoc + QStringLiteral(" N° ") + l.RiferimentoNumero
+                + (l.RiferimentoData.isEmpty() ? QString() : QStringLiteral(" del ") + l.RiferimentoData)
+                  : QString());
+    m_riferimento->setVisible(documento);
     m_totaleAcconto->setText(QStringLiteral("Acconti: ") + l.TotaleAcconto);
     m_totale->setText(QStringLiteral("Totale: ") + l.Totale);
     m_acconti->setEnabled(m_logica->SettaPermessiUtente().Command6 && l.Indice > 0);

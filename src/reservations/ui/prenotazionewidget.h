@@ -1,5 +1,7 @@
 #pragma once
 
+#include "reports/modellostampa.h"
+
 #include <QDialog>
 #include <QHash>
 #include <functional>
@@ -37,6 +39,9 @@ public:
     // Logic -> controls, after a change made from outside (a room added from the board).
     void aggiorna();
     QTabWidget* schede() const { return m_schede; }
+    // Where "Stampa" sends the print: the preview of the report module unless a caller (a test) says otherwise.
+    using Stampa = std::function<void(const reports::ModelloStampa&)>;
+    void impostaStampa(Stampa stampa) { m_stampa = std::move(stampa); }
 
 signals:
     void apriAcconti(qint64 indicePrenotazione); // Command6
@@ -62,6 +67,10 @@ private:
     void aggiornaIntestazione();
     void comando(const std::function<void()>& azione);
     void applicaPermessi();
+    // Esc in an entry line with something typed clears that line instead of closing the screen.
+    bool escapeInRiga(QObject* oggetto);
+    void controllaData(QLineEdit* campo);
+    void controllaNumero(QLineEdit* campo, const QString& nome);
     void applicaPermessiClienti(const AbilitazioniPrenotazione& abilitazioni);
     void scollegaClienti();
 
@@ -71,18 +80,23 @@ private:
 
     // Header.
     QLineEdit *m_numero, *m_data, *m_codiceAzienda;
-    aiuti::SceltaPigra *m_stato, *m_listinoCamere, *m_listinoTrattamenti;
+    aiuti::SceltaPigra *m_stato, *m_listinoCamere, *m_listinoTrattamenti, *m_tourOperator;
+    QLineEdit* m_codiceTourOperator;
+    QLabel* m_riferimento;
     QCheckBox *m_saldato, *m_chiusa;
     QRadioButton *m_aCamera, *m_aPersona;
     QPlainTextEdit* m_note;
     QLabel *m_totale, *m_totaleAcconto;
     QLineEdit* m_abbuono;
-    QPushButton *m_registra, *m_cancella, *m_acconti, *m_planning, *m_documento;
+    QPushButton *m_registra, *m_cancella, *m_acconti, *m_planning, *m_documento, *m_anteprima;
+    QCheckBox* m_stampaNote;
+    Stampa m_stampa;
 
     // Rooms.
     QLineEdit *m_nc, *m_arrivo, *m_partenza, *m_prezzoCamera, *m_ivaCamera;
     aiuti::SceltaPigra* m_codiceTipologia;
     QLabel* m_label10;
+    QLabel *m_etichettaPrezzo, *m_etichettaIvaCamera;
     QTableWidget* m_camere;
     QPushButton* m_aggiornaPrezzi;
 
@@ -94,6 +108,7 @@ private:
     aiuti::SceltaPigra* m_tipoArt;
     QComboBox *m_descrizioneArt, *m_nroCameraArt, *m_tipoSel;
     QTableWidget* m_righeArt;
+    QLabel* m_etichettaIvaArt;
 };
 
 } // namespace tomvera
