@@ -237,9 +237,9 @@ std::optional<reports::ModelloStampa> SchedaPrenotazione::Anteprima_Click()
         } else if (intestazioni.isEmpty()) {
             linea = riga.Des.value(0).leftJustified(30) + riga.Des.value(1).rightJustified(16);
         } else {
-            for (int c = 0; c < riga.Des.size(); ++c)
-                linea += c < intestazioni.size() ? cellaAllineata(riga.Des[c], intestazioni[c])
-                                                 : QStringLiteral(" ") + riga.Des[c];
+            // A cell past the headings (the holder's mark) is for the table only: the bold row says it on paper.
+            for (int c = 0; c < riga.Des.size() && c < intestazioni.size(); ++c)
+                linea += cellaAllineata(riga.Des[c], intestazioni[c]);
         }
         modello.righe << QStringList { linea };
         modello.grassetto << riga.Grassetto;
