@@ -132,6 +132,7 @@ int refreshLetterale(const QString& percorso, GestioneErrori& errori, int piano,
 {
     const QString periodo = clausolaCamera(dal, al);
     int occupate = 0;
+    QStringList inUso;
     routine(percorso, errori, [&](Archivio& a) {
         a.righe(QStringLiteral("select * from tabellastrutturaCamere "));
         a.righe(QStringLiteral("select * from tabellatipologieCamere "));
@@ -156,16 +157,20 @@ int refreshLetterale(const QString& percorso, GestioneErrori& errori, int piano,
                 a.righe(QStringLiteral(" SELECT * FROM TabellaMovimenti where tipo = 'PrenotazioneCamera' and"
                                        " prenotazionechiusa = 0 and NroCamera = '")
                         + nro + QLatin1Char('\'') + periodo);
-            routine(percorso, errori, [&](Archivio& b) {
-                b.righe(QStringLiteral("SELECT * FROM TabellaAnagraficheAssociatePrenotazioni INNER JOIN"
-                                       " TabellaPrenotazioni ON"
-                                       " TabellaAnagraficheAssociatePrenotazioni.indiceprenotazioneassociata ="
-                                       " TabellaPrenotazioni.indice WHERE NroCameraCliente = '")
-                        + nro + QStringLiteral("' and TabellaPrenotazioni.PrenotazioneChiusa = 0 ")
-                        + casiOspite(dal, al));
-            });
+            inUso << nro;
         }
     });
+    // QuantePersoneInCameraPresenti, drawn tile by tile, each with its own connection. (Our layer shares one
+    // connection per thread, so these run after the board's read instead of inside it: same statements, same
+    // opens and closes.)
+    for (const QString& nro : std::as_const(inUso))
+        routine(percorso, errori, [&](Archivio& b) {
+            b.righe(QStringLiteral("SELECT * FROM TabellaAnagraficheAssociatePrenotazioni INNER JOIN"
+                                   " TabellaPrenotazioni ON"
+                                   " TabellaAnagraficheAssociatePrenotazioni.indiceprenotazioneassociata ="
+                                   " TabellaPrenotazioni.indice WHERE NroCameraCliente = '")
+                    + nro + QStringLiteral("' and TabellaPrenotazioni.PrenotazioneChiusa = 0 ") + casiOspite(dal, al));
+        });
     routine(percorso, errori, [&](Archivio& a) {
         for (const QSqlRecord& camera :
              a.righe(QStringLiteral("select * from TabellaStrutturaCamere where indice > 0")))
@@ -229,6 +234,29 @@ void BM_LeggiPiano(benchmark::State& stato)
         benchmark::DoNotOptimize(leggiPiano(a, 2, oggi, oggi.addDays(1), 5, 10));
 }
 BENCHMARK(BM_LeggiPiano)->Unit(benchmark::kMillisecond);
+
+// Persons present of the floor's occupied tiles: one grouped read, and the former query per tile.
+void BM_PersonePerPiano(benchmark::State& stato)
+{
+    Archivio& a = albergo().archivio();
+    for (auto _ : stato)
+        benchmark::DoNotOptimize(PersonePresentiPerCamera(a, 2, oggi, oggi.addDays(stato.range(0))));
+}
+BENCHMARK(BM_PersonePerPiano)->Arg(1)->Arg(7)->Unit(benchmark::kMillisecond);
+
+void BM_PersonePerTessera(benchmark::State& stato)
+{
+    Archivio& a = albergo().archivio();
+    const QDate al = oggi.addDays(stato.range(0));
+    QStringList occupate;
+    for (const Tessera& t : leggiPiano(a, 2, oggi, al, 5, 10).tessere)
+        if (t.stato != StatoCamera::Libera)
+            occupate << t.NroCamera;
+    for (auto _ : stato)
+        for (const QString& camera : std::as_const(occupate))
+            benchmark::DoNotOptimize(QuantePersoneInCameraPresenti(a, camera, oggi, al));
+}
+BENCHMARK(BM_PersonePerTessera)->Arg(1)->Arg(7)->Unit(benchmark::kMillisecond);
 
 void BM_Contatori(benchmark::State& stato)
 {

@@ -4,6 +4,7 @@
 #include "foundation/formati.h"
 
 #include <QTime>
+#include <algorithm>
 
 namespace tomvera {
 
@@ -31,16 +32,26 @@ QVariantList parametriPeriodo(const QDate& dal, const QDate& al)
 // The guest's stay meets the period in one of three ways, by which of its dates are known. Each way carries
 // `filtro` so that every branch of the OR can use an index on its own.
 // With no departure date any known arrival qualifies, as the clauses have always read.
+// The five ways, each a condition of its own; `%1` is the filter that leads every branch.
+const QStringList& ramiPresenza()
+{
+    static const QStringList rami = {
+        QStringLiteral("%1 +DataArrivo < ? AND DataPartenza > ?"),
+        QStringLiteral("%1 +DataArrivo < ? AND DataPartenza > ?"),
+        QStringLiteral("%1 DataArrivo >= ? AND +DataPartenza <= ?"),
+        QStringLiteral("%1 DataPartenza IS NULL AND +DataArrivo IS NOT NULL"
+                       " AND (+DataArrivo < ? OR +DataArrivo < ? OR +DataArrivo >= ?)"),
+        QStringLiteral("%1 +DataArrivo IS NULL AND DataPartenza > ? AND (+DataPartenza > ? OR +DataPartenza <= ?)"),
+    };
+    return rami;
+}
+
 QString casiPresenza(const QString& filtro)
 {
-    return QStringLiteral("((%1 +DataArrivo < ? AND DataPartenza > ?)"
-                          " OR (%1 +DataArrivo < ? AND DataPartenza > ?)"
-                          " OR (%1 DataArrivo >= ? AND +DataPartenza <= ?)"
-                          " OR (%1 DataPartenza IS NULL AND +DataArrivo IS NOT NULL"
-                          "     AND (+DataArrivo < ? OR +DataArrivo < ? OR +DataArrivo >= ?))"
-                          " OR (%1 +DataArrivo IS NULL AND DataPartenza > ?"
-                          "     AND (+DataPartenza > ? OR +DataPartenza <= ?)))")
-        .arg(filtro);
+    QStringList casi;
+    for (const QString& ramo : ramiPresenza())
+        casi << QLatin1Char('(') + ramo.arg(filtro) + QLatin1Char(')');
+    return QLatin1Char('(') + casi.join(QStringLiteral(" OR ")) + QLatin1Char(')');
 }
 
 QVariantList parametriPresenza(const QVariantList& primi, const QDate& dal, const QDate& al)
@@ -241,17 +252,32 @@ std::optional<QHash<QString, int>> PersonePresentiPerCamera(Archivio& archivio, 
     QHash<QString, int> persone;
     if (!dateValide(dal, al))
         return persone;
-    // The per-room count with the room test widened to the floor's rooms and grouped: one statement per
-    // refresh instead of one per occupied tile. Each branch keeps its own filter so it can use its index.
-    const QString sql = QStringLiteral("SELECT NroCameraCliente, count(*) FROM TabellaAnagraficheAssociatePrenotazioni"
-                                       " INNER JOIN TabellaPrenotazioni ON"
-                                       " TabellaAnagraficheAssociatePrenotazioni.IndicePrenotazioneAssociata"
-                                       " = TabellaPrenotazioni.Indice"
-                                       " WHERE TabellaPrenotazioni.PrenotazioneChiusa = 0 AND ")
-        + casiPresenza(QStringLiteral("NroCameraCliente IN (SELECT NroCamera FROM TabellaStrutturaCamere"
-                                      " WHERE NroPiano = ?) AND"))
-        + QStringLiteral(" GROUP BY NroCameraCliente");
-    auto query = archivio.esegui(sql, parametriPresenza({ piano }, dal, al));
+    // The per-room count widened to the floor's rooms and grouped: one statement per refresh instead of one per
+    // occupied tile. An OR over a set of rooms would walk every guest the floor ever had, so the ways become
+    // indexed searches joined by UNION ALL. The first two ways share one search from the earlier of the two
+    // dates by departure; the ways exclude each other (by the dates' order and by which are null), so no guest
+    // is counted twice.
+    const QString f = dataArchivio(dal);
+    const QString t = dataArchivio(al);
+    const QString primo = std::min(f, t);
+    const QString filtro = QStringLiteral("SELECT NroCameraCliente, IndicePrenotazioneAssociata"
+                                          " FROM TabellaAnagraficheAssociatePrenotazioni WHERE NroCameraCliente IN"
+                                          " (SELECT NroCamera FROM TabellaStrutturaCamere WHERE NroPiano = ?) AND ");
+    const QString rami = filtro
+        + QStringLiteral("DataPartenza > ? AND ((+DataArrivo < ? AND +DataPartenza > ?)"
+                         " OR (+DataArrivo < ? AND +DataPartenza > ?)) UNION ALL ")
+        + filtro + QStringLiteral("DataArrivo >= ? AND +DataPartenza <= ? UNION ALL ") + filtro
+        + QStringLiteral("DataPartenza IS NULL AND +DataArrivo IS NOT NULL"
+                         " AND (+DataArrivo < ? OR +DataArrivo < ? OR +DataArrivo >= ?) UNION ALL ")
+        + filtro
+        + QStringLiteral("+DataArrivo IS NULL AND DataPartenza > ? AND (+DataPartenza > ? OR +DataPartenza <= ?)");
+    // CROSS JOIN keeps the guests found above as the outer loop.
+    const QString sql
+        = QStringLiteral("SELECT g.NroCameraCliente, count(*) FROM (") + rami
+        + QStringLiteral(
+              ") AS g CROSS JOIN TabellaPrenotazioni ON TabellaPrenotazioni.Indice = g.IndicePrenotazioneAssociata"
+              " WHERE TabellaPrenotazioni.PrenotazioneChiusa = 0 GROUP BY g.NroCameraCliente");
+    auto query = archivio.esegui(sql, { piano, primo, f, f, t, t, piano, f, t, piano, f, t, f, piano, f, t, t });
     if (!query)
         return std::nullopt;
     // NOCASE groups "12a" with "12A" already; the key is folded the same way for the look-up.

@@ -58,12 +58,18 @@ StatoPiano leggiPiano(Archivio& archivio, int piano, const QDate& dal, const QDa
     // One read of the movements of the floor's rooms: the count per room gives free, occupied or several.
     QHash<QString, int> prenotazioni;
     if (dal.isValid() && al.isValid()) {
+        // An OR would walk every stay the floor ever had: the ways of meeting the period become two searches on
+        // the room's indexes, by departure from the earlier date and by arrival, which exclude each other.
+        const QString filtro = QStringLiteral(
+            "SELECT NroCamera FROM TabellaMovimenti WHERE Tipo = 'PrenotazioneCamera' AND PrenotazioneChiusa = 0"
+            " AND NroCamera IN (SELECT NroCamera FROM TabellaStrutturaCamere WHERE NroPiano = ?) AND ");
+        const QString f = dataArchivio(dal);
+        const QString t = dataArchivio(al);
         auto righeMov = archivio.esegui(
-            QStringLiteral("SELECT NroCamera, count(*) FROM TabellaMovimenti"
-                           " WHERE Tipo = 'PrenotazioneCamera' AND PrenotazioneChiusa = 0"
-                           " AND NroCamera IN (SELECT NroCamera FROM TabellaStrutturaCamere WHERE NroPiano = ?) AND ")
-                + periodoCamera + QStringLiteral(" GROUP BY NroCamera"),
-            QVariantList { piano } + parametriPeriodo(dal, al));
+            QStringLiteral("SELECT NroCamera, count(*) FROM (") + filtro
+                + QStringLiteral("Al > ? AND ((+Dal < ? AND +Al > ?) OR (+Dal < ? AND +Al > ?)) UNION ALL ") + filtro
+                + QStringLiteral("Dal >= ? AND +Al <= ?) GROUP BY NroCamera"),
+            { piano, std::min(f, t), f, f, t, t, piano, f, t });
         if (!righeMov)
             return stato;
         for (QSqlQuery& q = *righeMov; q.next();)

@@ -1,6 +1,7 @@
 // Every command of the program as a desk meets it: the main window wired like tomvera, on a demo hotel. A click
 // that neither shows anything, nor opens a window, nor changes what the screen shows is a dead button.
 #include "collegamenti.h"
+#include "eseguicli.h"
 #include "fotografie.h"
 #include "foundation/archivio.h"
 #include "foundation/avvio/avvio.h"
@@ -421,6 +422,8 @@ class TestComandiFinestra : public QObject
     Q_OBJECT
 private slots:
     void nessunPulsanteMorto();
+    void escComeEsci();
+    void demoConCodiciUfficiali();
 };
 
 void TestComandiFinestra::nessunPulsanteMorto()
@@ -552,6 +555,99 @@ void TestComandiFinestra::nessunPulsanteMorto()
         qInfo("%s", qPrintable(c.provati.join(QLatin1Char('\n'))));
     QVERIFY2(morti.isEmpty(),
              qPrintable(QStringLiteral("Pulsanti senza effetto: ") + morti.join(QStringLiteral(", "))));
+}
+
+// Esc on a screen goes the way of its own exit button: the same question, the same outcome. Each screen is
+// opened twice with a field edited, once left by Esc and once by its "Esci".
+void TestComandiFinestra::escComeEsci()
+{
+    Programma p;
+    Avvio avvio(p.sessione);
+    FinestraAvvio finestra(avvio);
+    collegaComandi(finestra, avvio, p.sessione);
+    QVERIFY(finestra.carica());
+    finestra.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&finestra));
+
+    struct Esito
+    {
+        QString schermo;
+        bool chiuso = false;
+        QStringList testi;
+    };
+    const auto esci = [&](const QString& comando, bool conEsc) {
+        Esito esito;
+        QTimer::singleShot(50, [&] {
+            auto* schermo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!schermo)
+                return;
+            esito.schermo = nomeSchermo(schermo);
+            for (QLineEdit* e : schermo->findChildren<QLineEdit*>()) {
+                if (e->isVisible() && e->isEnabled() && !e->isReadOnly() && !parteDiControllo(e)
+                    && e->echoMode() == QLineEdit::Normal) {
+                    e->setText(e->text() + QStringLiteral("7"));
+                    break;
+                }
+            }
+            const int prima = p.interazione.testi.size();
+            if (conEsc) {
+                QTest::keyClick(schermo, Qt::Key_Escape);
+            } else {
+                for (QPushButton* b : schermo->findChildren<QPushButton*>()) {
+                    const QString t = b->text().toLower();
+                    if (b->isVisible() && (t == QLatin1String("esci") || t == QLatin1String("chiudi"))) {
+                        b->click();
+                        break;
+                    }
+                }
+            }
+            esito.chiuso = !schermo->isVisible();
+            esito.testi = p.interazione.testi.mid(prima);
+            if (schermo->isVisible())
+                schermo->QDialog::done(QDialog::Rejected);
+        });
+        finestra.azione(comando) ? finestra.azione(comando)->trigger() : finestra.pulsante(comando)->click();
+        QTest::qWait(80);
+        return esito;
+    };
+    for (const char* comando : { "mConfigurazioniGenerali", "mConfigurazioniCamere", "mConfigurazioneTabelle",
+                                 "mListinoCamere", "mListinoAccessori", "mBackup", "Anagrafiche" }) {
+        const QString nome = QLatin1String(comando);
+        const Esito conEsc = esci(nome, true);
+        const Esito conEsci = esci(nome, false);
+        QVERIFY2(!conEsc.schermo.isEmpty(), comando);
+        const QString dove = conEsc.schermo + QStringLiteral(": ") + conEsc.testi.join(QLatin1Char('|'))
+            + QStringLiteral(" / ") + conEsci.testi.join(QLatin1Char('|'));
+        QVERIFY2(conEsc.chiuso == conEsci.chiuso, qPrintable(dove));
+        QVERIFY2(conEsc.testi == conEsci.testi, qPrintable(dove));
+    }
+    // The settings with an edit: asked both ways (answered No here, so the edit is dropped and the screen goes).
+    const Esito impostazioni = esci(QStringLiteral("mConfigurazioniGenerali"), true);
+    QCOMPARE(impostazioni.testi, QStringList { QStringLiteral("Salvare le modifiche apportate?") });
+    QVERIFY(impostazioni.chiuso);
+}
+
+// The official code tables ship with the sources: the demo hotel of any build has them, so birth places and
+// documents have their lookups.
+void TestComandiFinestra::demoConCodiciUfficiali()
+{
+    QTemporaryDir cartella;
+    const QString archivio = cartella.filePath(QStringLiteral("Archivio.mdb"));
+    const test::EsitoCli esito
+        = test::eseguiCli(QStringLiteral("genera-demo"),
+                          { QStringLiteral("--archivio"), archivio, QStringLiteral("--camere"), QStringLiteral("6") });
+    QCOMPARE(esito.codice, 0);
+    GestioneErrori errori;
+    {
+        Archivio a(archivio, errori);
+        QVERIFY(a.apri());
+        for (const char* tabella :
+             { "TabellaCodiciComuni", "TabellaCodiciStati", "TabellaCodiciDocumenti", "TabellaCodiciTipoAlloggiato" })
+            QVERIFY2(a.valore(QStringLiteral("SELECT count(*) FROM ") + QLatin1String(tabella)).toInt() > 0, tabella);
+        QCOMPARE(a.valore(QStringLiteral("SELECT Codice FROM TabellaCodiciStati WHERE Stato = 'ITALIA'")).toString(),
+                 QStringLiteral("100000100"));
+    }
+    Archivio::chiudiConnessioni(archivio);
 }
 
 TOMVERA_TEST(TestComandiFinestra)
