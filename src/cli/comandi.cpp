@@ -2,6 +2,7 @@
 
 #include "foundation/archivio.h"
 #include "foundation/formati.h"
+#include "foundation/gestioneerrori.h"
 #include "foundation/schema/definizione.h"
 #include "foundation/utenticollegati.h"
 
@@ -125,15 +126,17 @@ QString apriArchivioEsistente(Archivio& archivio, const QStringList& tabelle)
     // Never create the file: a missing or foreign file is bad input.
     if (const QString problema = Archivio::VerificaArchivio(percorso); !problema.isEmpty())
         return problema + QStringLiteral(": ") + percorso;
+    // A file another user holds beyond the retries is busy, not broken and not missing a table.
     if (!archivio.apri(Archivio::Apertura::Esistente))
-        return QStringLiteral("Errore apertura Archivio: ") + percorso;
+        return archivio.occupato() ? GestioneErrori::testoArchivioOccupato()
+                                   : QStringLiteral("Errore apertura Archivio: ") + percorso;
     for (const QString& tabella : tabelle) {
-        // Through the error policy: another program committing at this moment makes the read busy, and a
-        // busy archive is waited for, not taken for one without the table.
         if (!archivio.esisteRiga(
                 QStringLiteral("SELECT 1 FROM sqlite_master WHERE type = 'table' AND name = ? COLLATE NOCASE"),
                 { tabella }))
-            return QStringLiteral("L'archivio non contiene la tabella ") + tabella + QStringLiteral(": ") + percorso;
+            return archivio.occupato()
+                ? GestioneErrori::testoArchivioOccupato()
+                : QStringLiteral("L'archivio non contiene la tabella ") + tabella + QStringLiteral(": ") + percorso;
     }
     return QString();
 }

@@ -29,11 +29,15 @@ int comandoCreaArchivio(const Argomenti& argomenti, Console& console)
     percorsi.archivioSky = sky;
     CreazioneDB creazione(percorsi, errori, [&](const QString& riga) { console.out << riga << Qt::endl; });
     if (!creazione.CreaDB_Click())
-        return console.errore(QStringLiteral("Impossibile creare l'archivio: ") + *percorso);
+        return console.errore(errori.problema() != ProblemaArchivio::Nessuno
+                                  ? errori.testoProblema()
+                                  : QStringLiteral("Impossibile creare l'archivio: ") + *percorso);
 
     Archivio archivio(*percorso, errori);
     if (!archivio.apri() || !schema::ScriviVersione(archivio))
-        return console.errore(QStringLiteral("Impossibile registrare la versione nell'archivio: ") + *percorso);
+        return console.errore(errori.problema() != ProblemaArchivio::Nessuno
+                                  ? errori.testoProblema()
+                                  : QStringLiteral("Impossibile registrare la versione nell'archivio: ") + *percorso);
     return EsitoOk;
 }
 

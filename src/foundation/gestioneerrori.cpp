@@ -3,6 +3,7 @@
 #include "foundation/interazione.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QThread>
 #include <cstdlib>
@@ -20,6 +21,42 @@ bool GestioneErrori::erroreDiArchivioOccupato(int numero)
 {
     return numero == OggettoNonImpostato || numero == ImpossibileAprireFile || numero == RecordBloccato
         || numero == AperturaEsclusiva;
+}
+
+QString GestioneErrori::testoArchivioOccupato()
+{
+    return QStringLiteral("Archivio occupato da un altro utente: riprovare più tardi.");
+}
+
+QString GestioneErrori::testoSolaLettura(const QString& percorso)
+{
+    return QStringLiteral("Archivio in sola lettura, le modifiche non possono essere salvate (controllare i permessi "
+                          "del file e della cartella): ")
+        + QDir::toNativeSeparators(percorso);
+}
+
+void GestioneErrori::segnalaProblema(ProblemaArchivio problema, const QString& percorso, bool avvisa)
+{
+    m_problema = problema;
+    m_percorsoProblema = percorso;
+    if (!avvisa || m_problemaDetto || !m_interazione || problema == ProblemaArchivio::Nessuno)
+        return;
+    // One notice per lost save: the statements that follow it in the same save fail for the same reason.
+    m_problemaDetto = true;
+    m_interazione->messaggio(testoProblema(), {}, Interazione::Icona::Critico);
+}
+
+QString GestioneErrori::testoProblema() const
+{
+    switch (m_problema) {
+    case ProblemaArchivio::Occupato:
+        return testoArchivioOccupato();
+    case ProblemaArchivio::SolaLettura:
+        return testoSolaLettura(m_percorsoProblema);
+    case ProblemaArchivio::Nessuno:
+        break;
+    }
+    return QString();
 }
 
 bool GestioneErrori::GestioneErroreDatabase(int numero, const QString& descrizione)

@@ -94,15 +94,16 @@ bool preparaArchivioCodici(Archivio& archivio)
 {
     if (!archivio.aperto() && !archivio.apri(Archivio::Apertura::Crea))
         return false;
+    // Tables and provinces together: the reference archive is never left with its tables but no provinces.
+    Transazione transazione(archivio);
     for (TabellaCodici t : tutteLeTabelleCodici())
         schema::applicaTabella(archivio, definizioneTabellaCodici(t));
     schema::applicaTabella(archivio, definizioneRegioni());
-    if (archivio.valore(QStringLiteral("SELECT count(*) FROM Regioni")).toInt() > 0)
-        return true;
-    Transazione transazione(archivio);
-    for (const ProvinciaItaliana& p : Province_e_Sigle())
-        archivio.comando(QStringLiteral("INSERT INTO Regioni (regione, Provincia, NomeProvincia) VALUES (?, ?, ?)"),
-                         { p.regione, p.sigla, p.provincia });
+    if (archivio.valore(QStringLiteral("SELECT count(*) FROM Regioni")).toInt() == 0) {
+        for (const ProvinciaItaliana& p : Province_e_Sigle())
+            archivio.comando(QStringLiteral("INSERT INTO Regioni (regione, Provincia, NomeProvincia) VALUES (?, ?, ?)"),
+                             { p.regione, p.sigla, p.provincia });
+    }
     return transazione.commit();
 }
 

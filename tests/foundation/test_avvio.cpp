@@ -1,9 +1,11 @@
+#include "altroutente.h"
 #include "archiviotemporaneo.h"
 #include "foundation/archivio.h"
 #include "foundation/avvio/avvio.h"
 #include "foundation/avvio/avvioselezioneutente.h"
 #include "foundation/avvio/controlloora.h"
 #include "foundation/configurazione.h"
+#include "foundation/gestioneerrori.h"
 #include "foundation/orologio.h"
 #include "foundation/permessi.h"
 #include "foundation/piattaforma.h"
@@ -11,10 +13,12 @@
 #include "foundation/sessione.h"
 #include "foundation/utenti.h"
 #include "foundation/utenticollegati.h"
+#include "solalettura.h"
 #include "testmain.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QSettings>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -118,6 +122,9 @@ private slots:
     void confrontoVersioni();
     void utentiEAccesso();
     void comandiArchivio();
+    void dopoUnCrashSiEntra();
+    void archivioOccupatoNonENonCorretto();
+    void archivioInSolaLetturaDetto();
 };
 
 void TestAvvioSelezioneUtente::primoAvvioECreazioneArchivio()
@@ -154,6 +161,66 @@ void TestAvvioSelezioneUtente::primoAvvioECreazioneArchivio()
     QCOMPARE(a.sessione.UtenteCollegato, QStringLiteral("Amministratore"));
     QCOMPARE(a.sessione.UtentiCollegati, 2);
     QVERIFY(a.interazione.testi().isEmpty());
+}
+
+void TestAvvioSelezioneUtente::dopoUnCrashSiEntra()
+{
+    Ambiente a;
+    const QString percorso = piattaforma::percorsoArchivioPredefinito();
+    a.creaArchivio(percorso);
+    a.sessione.PercorsoDB = percorso;
+    for (const char* tabella : { "Prenotazioni", "Ospiti" })
+        QVERIFY(a.esegui(QStringLiteral("CREATE TABLE ") + QLatin1String(tabella)
+                         + QStringLiteral(" (giro INTEGER, riga INTEGER, nota TEXT)")));
+    QVERIFY(a.esegui(QStringLiteral("CREATE TABLE Stato (giro INTEGER)")));
+    QVERIFY(a.esegui(QStringLiteral("INSERT INTO Stato VALUES (0)")));
+    Archivio::chiudiConnessioni(percorso);
+
+    // Another desk dies half-way through a save.
+    QProcess scrittore;
+    scrittore.start(QStringLiteral(TOMVERA_AIUTANTE), { QStringLiteral("interrompi"), percorso });
+    QVERIFY(scrittore.waitForStarted());
+    QVERIFY(scrittore.waitForReadyRead(20000));
+    scrittore.kill();
+    scrittore.waitForFinished();
+    QVERIFY(QFile::exists(percorso + QStringLiteral("-journal")));
+
+    a.avvia();
+    QVERIFY2(!a.avvio.ErroreAvvioVisibile, qPrintable(a.avvio.ErroreAvvio));
+    QVERIFY(a.avvio.AccediAbilitato);
+    QVERIFY(a.interazione.testi().isEmpty());
+    QCOMPARE(a.valore(QStringLiteral("SELECT count(*) FROM Ospiti")).toInt(), 0);
+}
+
+void TestAvvioSelezioneUtente::archivioOccupatoNonENonCorretto()
+{
+    Ambiente a;
+    const QString percorso = piattaforma::percorsoArchivioPredefinito();
+    a.creaArchivio(percorso);
+    Archivio::chiudiConnessioni(percorso);
+    {
+        test::AltroUtente altro(percorso, true);
+        a.avvia();
+    }
+    QVERIFY(!a.avvio.ErroreAvvioVisibile);
+    QVERIFY(!a.avvio.AccediAbilitato);
+    QCOMPARE(a.interazione.messaggi(), QStringList { GestioneErrori::testoArchivioOccupato() });
+}
+
+void TestAvvioSelezioneUtente::archivioInSolaLetturaDetto()
+{
+    Ambiente a;
+    const QString percorso = piattaforma::percorsoArchivioPredefinito();
+    a.creaArchivio(percorso);
+    a.sessione.PercorsoDB = percorso;
+    QVERIFY(a.esegui(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES ('3.9.4')")));
+    Archivio::chiudiConnessioni(percorso);
+    test::SolaLettura protetto(percorso);
+    a.avvia();
+    // The user may still look, but knows before the first save that nothing will be kept.
+    QVERIFY(a.avvio.AccediAbilitato);
+    QCOMPARE(a.interazione.messaggi(),
+             QStringList { QStringLiteral("Attenzione! ") + GestioneErrori::testoSolaLettura(percorso) });
 }
 
 void TestAvvioSelezioneUtente::percorsoDaFileConDueSpazi()

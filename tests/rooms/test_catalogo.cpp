@@ -1,3 +1,4 @@
+#include "altroutente.h"
 #include "bancotabellone.h"
 #include "rooms/catalogo.h"
 #include "testmain.h"
@@ -251,5 +252,73 @@ void TestConfiguraGriglia::tipologieEAziende()
 }
 
 TOMVERA_TEST(TestConfiguraGriglia)
+
+// Another desk is saving: each save here must land whole later or not at all, and say why it didn't.
+class TestCatalogoArchivioOccupato : public QObject
+{
+    Q_OBJECT
+private slots:
+    void tipologia();
+    void piano();
+};
+
+void TestCatalogoArchivioOccupato::tipologia()
+{
+    test::BancoTabellone b;
+    QVERIFY(b.tipologia(QStringLiteral("SIN"), 1, 100, QStringLiteral("Singola")));
+    QVERIFY(b.camera(QStringLiteral("101"), 1, 0, 0, QStringLiteral("SIN")));
+    b.sessione.errori.setPausa([](double) {});
+    F_TipologiaCamere f(b.sessione);
+    f.Form_Load();
+    f.Griglia_DblClick(0);
+    f.CodiceTipologia = QStringLiteral("SGL"); // a renamed code moves its rooms along: two tables
+    b.interazione().rispondiSi(QStringLiteral("aggiornando una tipologia"));
+    {
+        test::AltroUtente altro(b.archivio().percorso());
+        test::InterazioneCheRilascia utente(altro);
+        b.sessione.errori.setInterazione(&utente);
+        QVERIFY(!f.Registra_Click());
+        QCOMPARE(utente.messaggi(), QStringList { GestioneErrori::testoArchivioOccupato() });
+        b.sessione.errori.setInterazione(&b.interazione());
+    }
+    QVERIFY(!b.interazione().testi().contains(QStringLiteral("Operazione Effettuata!")));
+    QCOMPARE(b.archivio().valore(QStringLiteral("SELECT CodiceTipologia FROM TabellaTipologieCamere")).toString(),
+             QStringLiteral("SIN"));
+    QCOMPARE(camere(b.archivio(), 1), QStringList { QStringLiteral("101@0,0:SIN") });
+    // What the user typed is still there for the next try.
+    QCOMPARE(f.CodiceTipologia, QStringLiteral("SGL"));
+    b.interazione().rispondiSi(QStringLiteral("aggiornando una tipologia"));
+    QVERIFY(f.Registra_Click());
+    QCOMPARE(camere(b.archivio(), 1), QStringList { QStringLiteral("101@0,0:SGL") });
+}
+
+void TestCatalogoArchivioOccupato::piano()
+{
+    test::BancoTabellone b(2, 3);
+    QVERIFY(b.camera(QStringLiteral("101"), 1, 0, 0));
+    b.sessione.errori.setPausa([](double) {});
+    F_ConfiguraGriglia f(b.sessione);
+    f.NroPiano = 1;
+    f.Form_Load();
+    f.impostaTestoCella(0, 0, QString());
+    f.impostaTestoCella(0, 1, QStringLiteral("102"));
+    f.impostaTestoCella(1, 2, QStringLiteral("103"));
+    b.interazione().rispondiSi(QStringLiteral("Salvare la configurazione delle Camere?"));
+    {
+        test::AltroUtente altro(b.archivio().percorso());
+        test::InterazioneCheRilascia utente(altro);
+        b.sessione.errori.setInterazione(&utente);
+        QVERIFY(!f.Registra_Click());
+        QCOMPARE(utente.messaggi(), QStringList { GestioneErrori::testoArchivioOccupato() });
+        b.sessione.errori.setInterazione(&b.interazione());
+    }
+    QCOMPARE(camere(b.archivio(), 1), QStringList { QStringLiteral("101@0,0:") });
+    QVERIFY(f.modificata());
+    b.interazione().rispondiSi(QStringLiteral("Salvare la configurazione delle Camere?"));
+    QVERIFY(f.Registra_Click());
+    QCOMPARE(camere(b.archivio(), 1), (QStringList { QStringLiteral("102@1,0:"), QStringLiteral("103@2,1:") }));
+}
+
+TOMVERA_TEST(TestCatalogoArchivioOccupato)
 
 #include "test_catalogo.moc"

@@ -1,11 +1,13 @@
 #include "foundation/avvio/avvioselezioneutente.h"
 
 #include "foundation/archivio.h"
+#include "foundation/gestioneerrori.h"
 #include "foundation/interazione.h"
 #include "foundation/piattaforma.h"
 #include "foundation/routines.h"
 #include "foundation/schema/creazionedb.h"
 #include "foundation/schema/tabelle.h"
+#include "foundation/schema/versione.h"
 #include "foundation/sessione.h"
 #include "foundation/utenti.h"
 
@@ -119,10 +121,16 @@ void AvvioSelezioneUtente::Form_Activate()
     if (!ControllaCorrettezzaArchivio()) {
         AccediAbilitato = false;
         Utenti.clear();
-        m_sessione.interazione.messaggio(QStringLiteral("Attenzione l'archivio selezionato non è corretto!"), {},
-                                         Interazione::Icona::Critico);
+        // A busy archive is a good one: say so, or the user goes looking for another file.
+        m_sessione.interazione.messaggio(m_archivioOccupato
+                                             ? GestioneErrori::testoArchivioOccupato()
+                                             : QStringLiteral("Attenzione l'archivio selezionato non è corretto!"),
+                                         {}, Interazione::Icona::Critico);
         return;
     }
+    // Reading is still possible, but no one may work on for hours on saves that never land.
+    if (const QString scrittura = Archivio::VerificaScrittura(m_sessione.PercorsoDB); !scrittura.isEmpty())
+        m_sessione.interazione.messaggio(QStringLiteral("Attenzione! ") + scrittura, {}, Interazione::Icona::Critico);
     if (ControllaVersione(VersioneProgramma()) == EsitoVersione::Aggiornato) {
         Ver = QStringLiteral("Aggiornamento eseguito alla versione: ") + VersioneProgramma();
         VerAggiornato = true;
@@ -136,9 +144,10 @@ void AvvioSelezioneUtente::Form_Activate()
 bool AvvioSelezioneUtente::ControllaCorrettezzaArchivio()
 {
     Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-    if (!archivio.apri())
-        return false;
-    return archivio.esegui(QStringLiteral(" SELECT * FROM TabellaStrutturaCamere where indice > 0 ")).has_value();
+    const bool corretto = archivio.apri()
+        && archivio.esegui(QStringLiteral(" SELECT * FROM TabellaStrutturaCamere where indice > 0 ")).has_value();
+    m_archivioOccupato = !corretto && archivio.occupato();
+    return corretto;
 }
 
 AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(const QString& versioneProgramma)
@@ -152,10 +161,10 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
     if (!riga) {
         if (!aggiornaArchivio())
             return aggiornamentoNonRiuscito();
+        // Checked and written under one lock: two desks starting together leave one row.
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
         if (archivio.apri())
-            archivio.comando(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES (?)"),
-                             { versioneProgramma });
+            schema::ScriviVersione(archivio, versioneProgramma);
         return EsitoVersione::Uguale;
     }
     const double programma = ValoreVersione(versioneProgramma);
@@ -165,9 +174,7 @@ AvvioSelezioneUtente::EsitoVersione AvvioSelezioneUtente::ControllaVersione(cons
         if (!aggiornaArchivio())
             return aggiornamentoNonRiuscito();
         Archivio archivio(m_sessione.PercorsoDB, m_sessione.errori);
-        if (!archivio.apri()
-            || !archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
-                                 { versioneProgramma, riga->value(QStringLiteral("Indice")) }))
+        if (!archivio.apri() || !schema::ScriviVersione(archivio, versioneProgramma))
             return aggiornamentoNonRiuscito();
         return EsitoVersione::Aggiornato;
     }

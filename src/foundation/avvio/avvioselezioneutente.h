@@ -90,6 +90,7 @@ private:
     void ricarica();
     bool aggiornaArchivio();
     EsitoVersione aggiornamentoNonRiuscito();
+    bool m_archivioOccupato = false; // the archive check failed only because another user held the file
 
     Sessione& m_sessione;
     ContaUtenti m_contaUtenti;

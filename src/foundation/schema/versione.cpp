@@ -6,12 +6,17 @@ namespace tomvera::schema {
 
 bool ScriviVersione(Archivio& archivio, const QString& versione)
 {
+    // The look and the write under one write lock: two programs creating the archive at once would otherwise
+    // both find the table empty and both add a row.
+    Transazione transazione(archivio);
     const QVariant indice
         = archivio.valore(QStringLiteral("SELECT Indice FROM TabellaVersione ORDER BY Indice LIMIT 1"));
     if (indice.isValid())
-        return archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
-                                { versione, indice });
-    return archivio.comando(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES (?)"), { versione });
+        archivio.comando(QStringLiteral("UPDATE TabellaVersione SET Versione = ? WHERE Indice = ?"),
+                         { versione, indice });
+    else
+        archivio.comando(QStringLiteral("INSERT INTO TabellaVersione (Versione) VALUES (?)"), { versione });
+    return transazione.commit();
 }
 
 QString LeggiVersione(Archivio& archivio)
