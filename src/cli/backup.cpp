@@ -2,6 +2,7 @@
 
 #include "comandi.h"
 #include "foundation/archivio.h"
+#include "foundation/gestioneerrori.h"
 #include "foundation/orologio.h"
 
 #include <QCoreApplication>
@@ -34,9 +35,7 @@ int comandoBackup(const Argomenti& argomenti, Console& console)
         = backup::EseguiCopiaBackup(*archivio, *cartella, backup::nomeFileBackup(orologio.oggi()), lavoro, &occupato);
     QDir(lavoro).removeRecursively();
     if (occupato)
-        return console.errore(QStringLiteral("Backup non eseguito: archivio occupato da un altro utente, riprovare "
-                                             "più tardi: ")
-                              + *archivio);
+        return console.errore(QStringLiteral("Backup non eseguito: ") + GestioneErrori::testoArchivioOccupato());
     if (fatto.isEmpty())
         return console.errore(QStringLiteral("Backup non eseguito: impossibile scrivere in ") + *cartella);
     console.out << QDir::toNativeSeparators(fatto) << Qt::endl;

@@ -100,5 +100,6 @@ int comandoDocumentoCalcola(const Argomenti&, Console&);
 int comandoDocumentoRegistra(const Argomenti&, Console&);
 int comandoDocumentoCancella(const Argomenti&, Console&);
 int comandoScadenze(const Argomenti&, Console&);
+int comandoSchedine(const Argomenti&, Console&);
 
 } // namespace tomvera::cli

@@ -73,10 +73,14 @@ int comandoGeneraDemo(const Argomenti& argomenti, Console& console)
     percorsi.archivio = *percorso;
     percorsi.archivioSky = sky;
     if (!CreazioneDB(percorsi, errori).CreaDB_Click())
-        return console.errore(QStringLiteral("Impossibile creare l'archivio: ") + *percorso);
+        return console.errore(errori.problema() != ProblemaArchivio::Nessuno
+                                  ? errori.testoProblema()
+                                  : QStringLiteral("Impossibile creare l'archivio: ") + *percorso);
     Archivio archivio(*percorso, errori);
     if (!archivio.apri() || !schema::ScriviVersione(archivio))
-        return console.errore(QStringLiteral("Impossibile aprire l'archivio: ") + *percorso);
+        return console.errore(errori.problema() != ProblemaArchivio::Nessuno
+                                  ? errori.testoProblema()
+                                  : QStringLiteral("Impossibile aprire l'archivio: ") + *percorso);
 
     OpzioniDemo opzioni;
     opzioni.camere = *camere;

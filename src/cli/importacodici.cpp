@@ -68,8 +68,9 @@ int comandoImportaCodici(const Argomenti& argomenti, Console& console)
     schema::applicaTabella(a, definizioneTabellaCodici(d->tipo));
     const auto scritte = scriviRigheCodici(a, d->tipo, *righe);
     if (!scritte)
-        return console.errore(QStringLiteral("Importazione non riuscita, la tabella è invariata: ")
-                              + QLatin1String(d->tabella));
+        return console.errore(
+            QStringLiteral("Importazione non riuscita, la tabella è invariata: ")
+            + (errori.problema() != ProblemaArchivio::Nessuno ? errori.testoProblema() : QLatin1String(d->tabella)));
     riepilogo(console, *scritte, d->tabella, scartate);
     return EsitoOk;
 }

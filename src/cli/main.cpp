@@ -38,6 +38,9 @@ static const Comando comandi[] = {
       "archivio tipo data numero", 0 },
     { "scadenze", "--archivio PATH --pagamento NOME --data GG/MM/AAAA --totale T --imponibile I", comandoScadenze,
       "archivio pagamento data totale imponibile", 0 },
+    { "schedine",
+      "--archivio PATH --dal GG/MM/AAAA --al GG/MM/AAAA [--tutte] [--azienda CODICE] (--controlla | --cartella DIR)",
+      comandoSchedine, "archivio dal al tutte azienda controlla cartella", 0 },
 };
 
 static void uso(QTextStream& flusso)

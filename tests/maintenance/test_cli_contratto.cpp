@@ -288,7 +288,7 @@ void TestContrattoCli::archivioBloccatoDaUnoScrittore()
         QStringLiteral("backup"),
         { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--cartella"), a.file(QStringLiteral("copie")) });
     QCOMPARE(e.codice, 2);
-    QVERIFY2(e.err.startsWith(QStringLiteral("Backup non eseguito: archivio occupato")), qPrintable(e.err));
+    QVERIFY2(e.err.startsWith(QStringLiteral("Backup non eseguito: Archivio occupato")), qPrintable(e.err));
     e = test::eseguiCli(QStringLiteral("ripristina"),
                         { QStringLiteral("--archivio"), a.percorso(), QStringLiteral("--file"), salvato });
     QCOMPARE(e.codice, 2);
