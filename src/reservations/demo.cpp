@@ -230,8 +230,8 @@ bool Generatore::struttura()
     if (!m_archivio.comando(
             QStringLiteral("UPDATE Configurazioni SET RagSociale = ?, Indirizzo = ?, Cap = ?, Comune = ?, "
                            "Provincia = ?, Piva = ?, Tel = ?, Righe = ?, Colonne = ?, NroPiani = ?, "
-                           "IvaPrenotazioni = 10, IvaRistorante = 10, ValIva0 = 22, ValIva1 = 10, "
-                           "ValIva2 = 4, ValIva3 = 0"),
+                           "IvaPrenotazioni = 10, IvaRistorante = 10, ValIva0 = 0, ValIva1 = 10, "
+                           "ValIva2 = 22, ValIva3 = 4"),
             { QStringLiteral("Hotel Belvedere"), QStringLiteral("Lungomare Marconi 12"), QStringLiteral("47921"),
               QStringLiteral("Rimini"), QStringLiteral("RN"), QStringLiteral("01234567897"),
               QStringLiteral("0541 123456"), righe, colonne, piani }))
