@@ -3,8 +3,10 @@
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QCoreApplication>
+#include <QFormLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QStringListModel>
 #include <memory>
 
@@ -94,6 +96,29 @@ QCompleter* proposteCampo(QLineEdit* campo, std::function<QStringList(const QStr
         Qt::QueuedConnection);
     c->popup()->installEventFilter(new TabSceglie(c->popup(), campo, scelto));
     return c;
+}
+
+void mostraComuniProposti(QListWidget* lista, QFormLayout* modulo, const QList<ComuneProposto>& trovati)
+{
+    lista->clear();
+    for (const ComuneProposto& c : trovati) {
+        auto* voce
+            = new QListWidgetItem(c.comune + QStringLiteral(" (") + c.provincia + QStringLiteral(") ") + c.cap, lista);
+        voce->setData(Qt::UserRole, QStringList { c.comune, c.provincia, c.cap });
+    }
+    if (modulo)
+        modulo->setRowVisible(lista, !trovati.isEmpty());
+    if (!trovati.isEmpty())
+        lista->setCurrentRow(0);
+}
+
+std::optional<ComuneProposto> comuneSceltoDa(const QListWidget* lista)
+{
+    const QListWidgetItem* voce = lista->currentItem();
+    if (!voce)
+        return std::nullopt;
+    const QStringList v = voce->data(Qt::UserRole).toStringList();
+    return ComuneProposto { v.value(0), v.value(1), v.value(2) };
 }
 
 } // namespace tomvera

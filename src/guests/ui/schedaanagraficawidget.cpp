@@ -449,15 +449,7 @@ void SchedaAnagraficaWidget::cercaComune(QLineEdit* sorgente)
         : sorgente == m_citta            ? SchedaAnagrafica::CampoComune::Citta
                                          : SchedaAnagrafica::CampoComune::Provincia;
     const QList<ComuneProposto> trovati = m_logica->COMUNE_Ricerca(campo, sorgente->text());
-    m_cittaVL->clear();
-    for (const ComuneProposto& c : trovati) {
-        auto* voce = new QListWidgetItem(c.comune + QStringLiteral(" (") + c.provincia + QStringLiteral(") ") + c.cap,
-                                         m_cittaVL);
-        voce->setData(Qt::UserRole, QStringList { c.comune, c.provincia, c.cap });
-    }
-    m_moduloResidenza->setRowVisible(m_cittaVL, !trovati.isEmpty());
-    if (!trovati.isEmpty())
-        m_cittaVL->setCurrentRow(0);
+    mostraComuniProposti(m_cittaVL, m_moduloResidenza, trovati);
     const int cursore = sorgente->cursorPosition();
     aggiorna();
     sorgente->setCursorPosition(qMin(cursore, static_cast<int>(sorgente->text().size())));
@@ -465,11 +457,10 @@ void SchedaAnagraficaWidget::cercaComune(QLineEdit* sorgente)
 
 void SchedaAnagraficaWidget::confermaComune()
 {
-    const QListWidgetItem* voce = m_cittaVL->currentItem();
-    if (!voce)
+    const std::optional<ComuneProposto> scelto = comuneSceltoDa(m_cittaVL);
+    if (!scelto)
         return;
-    const QStringList v = voce->data(Qt::UserRole).toStringList();
-    comando([this, v] { m_logica->COMUNE_ConfermaSelezionato({ v.value(0), v.value(1), v.value(2) }); });
+    comando([this, c = *scelto] { m_logica->COMUNE_ConfermaSelezionato(c); });
     nascondiProposti();
     m_indirizzo->setFocus();
 }

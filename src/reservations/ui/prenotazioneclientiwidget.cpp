@@ -572,16 +572,7 @@ void PrenotazioneClientiWidget::cercaComune(QLineEdit* sorgente)
         : sorgente == m_campi.value(QStringLiteral("Comune"))           ? SchedaAnagrafica::CampoComune::Citta
                                                                         : SchedaAnagrafica::CampoComune::Provincia;
     const QList<ComuneProposto> trovati = m_logica.COMUNE_Ricerca(campo, sorgente->text());
-    m_cittaVL->clear();
-    for (const ComuneProposto& c : trovati) {
-        auto* voce = new QListWidgetItem(c.comune + QStringLiteral(" (") + c.provincia + QStringLiteral(") ") + c.cap,
-                                         m_cittaVL);
-        voce->setData(Qt::UserRole, QStringList { c.comune, c.provincia, c.cap });
-    }
-    if (auto* f = qobject_cast<QFormLayout*>(m_cittaVL->parentWidget()->layout()))
-        f->setRowVisible(m_cittaVL, !trovati.isEmpty());
-    if (!trovati.isEmpty())
-        m_cittaVL->setCurrentRow(0);
+    mostraComuniProposti(m_cittaVL, qobject_cast<QFormLayout*>(m_cittaVL->parentWidget()->layout()), trovati);
     const int cursore = sorgente->cursorPosition();
     aggiorna();
     sorgente->setCursorPosition(qMin(cursore, static_cast<int>(sorgente->text().size())));
@@ -589,11 +580,10 @@ void PrenotazioneClientiWidget::cercaComune(QLineEdit* sorgente)
 
 void PrenotazioneClientiWidget::confermaComune()
 {
-    const QListWidgetItem* voce = m_cittaVL->currentItem();
-    if (!voce)
+    const std::optional<ComuneProposto> scelto = comuneSceltoDa(m_cittaVL);
+    if (!scelto)
         return;
-    const QStringList v = voce->data(Qt::UserRole).toStringList();
-    m_comando([this, v] { m_logica.COMUNE_ConfermaSelezionato({ v.value(0), v.value(1), v.value(2) }); });
+    m_comando([this, c = *scelto] { m_logica.COMUNE_ConfermaSelezionato(c); });
     nascondiComuni();
     m_campi.value(QStringLiteral("Indirizzo"))->setFocus();
 }
