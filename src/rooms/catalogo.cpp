@@ -346,9 +346,11 @@ void F_ConfiguraGriglia::cambiaPiano(int piano)
 {
     if (piano < -99 || piano > 999 || piano == NroPiano)
         return;
-    // Moving away from unsaved work offers the save first, so a floor's edits are never dropped unseen.
-    if (m_modificata)
-        Registra_Click();
+    // Moving away from unsaved work offers the save first, so a floor's edits are never dropped unseen; a save
+    // that was wanted but failed (busy archive, a refused cell) keeps the floor and its edits on screen.
+    if (m_modificata && m_sessione.interazione.domandaSiNo(QStringLiteral("Salvare la configurazione delle Camere?"))
+        && !registraPiano())
+        return;
     NroPiano = piano;
     Aggiorna_Click();
 }
@@ -395,9 +397,14 @@ bool F_ConfiguraGriglia::ControlloEsistenzaCamera(const QString& nroCamera)
 
 bool F_ConfiguraGriglia::Registra_Click()
 {
-    Interazione& ui = m_sessione.interazione;
-    if (!ui.domandaSiNo(QStringLiteral("Salvare la configurazione delle Camere?")))
+    if (!m_sessione.interazione.domandaSiNo(QStringLiteral("Salvare la configurazione delle Camere?")))
         return false;
+    return registraPiano();
+}
+
+bool F_ConfiguraGriglia::registraPiano()
+{
+    Interazione& ui = m_sessione.interazione;
     // The archive refuses longer texts: say which cell, instead of losing the whole floor to a failed save.
     for (const CellaStruttura& c : m_celle) {
         if (c.NroCamera.trimmed().size() > 50 || c.CodiceAzienda.trimmed().size() > 50) {

@@ -129,6 +129,7 @@ public:
     bool Command22_Click(const QString& righe, const QString& colonne);
 
 private:
+    bool registraPiano();
     void PulisciGriglia();
     void dimensiona(int righe, int colonne);
     bool ControlloEsistenzaCamera(const QString& nroCamera);

@@ -249,6 +249,14 @@ void TestConfiguraGriglia::tipologieEAziende()
                  .valore(QStringLiteral("SELECT NroPiano FROM TabellaStrutturaCamere WHERE NroCamera = '103'"))
                  .toInt(),
              1);
+    // A save that was wanted but refused keeps the floor and the edits on screen.
+    const QString lungo(60, QLatin1Char('9'));
+    f.impostaTestoCella(0, 1, lungo);
+    b.interazione().rispondiSi(QStringLiteral("Salvare la configurazione delle Camere?"));
+    f.PianoMeno_Click();
+    QCOMPARE(f.NroPiano, 2);
+    QCOMPARE(f.cella(0, 1).NroCamera, lungo);
+    QVERIFY(b.interazione().messaggi().last().contains(QStringLiteral("supera i 50 caratteri")));
 }
 
 TOMVERA_TEST(TestConfiguraGriglia)
