@@ -201,6 +201,24 @@ void SchedaAcconti::Righe_Click(int riga)
 {
     if (riga < 0 || riga >= m_righe.size())
         return;
+    // Loading a row over a deposit typed but not inserted would drop it without a word.
+    const qint64 scelto = m_righe.at(riga).Indice;
+    if (rigaModificata() && scelto != IndiceMovimento) {
+        const std::optional<bool> inserire = m_interazione.domandaSiNoAnnulla(
+            QStringLiteral("Attenzione, l'acconto digitato non è stato inserito. Inserirlo prima di passare ad un "
+                           "altro movimento?"));
+        if (!inserire || (*inserire && !Ins_Click()))
+            return;
+        if (*inserire) {
+            // The insert reloaded the list: find the chosen movement again by its key.
+            riga = -1;
+            for (int i = 0; i < m_righe.size(); ++i)
+                if (m_righe.at(i).Indice == scelto)
+                    riga = i;
+            if (riga < 0)
+                return;
+        }
+    }
     const Riga& r = m_righe.at(riga);
     IndiceMovimento = r.Indice;
     Data = r.Data.isValid() ? testoData(r.Data) : QString();

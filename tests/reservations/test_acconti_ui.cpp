@@ -101,6 +101,7 @@ private slots:
     void accontoRifiutatoTieneApertaLaScheda();
     void escNellaRigaLaSvuotaPrimaDiChiudere();
     void rigaRipresaChiedeSoloSeModificata();
+    void clicSuUnAltroMovimentoNonPerdeLAcconto();
 };
 
 void TestAccontiUi::accontoDigitatoChiestoAllaChiusura_data()
@@ -221,6 +222,24 @@ void TestAccontiUi::rigaRipresaChiedeSoloSeModificata()
     QVERIFY(!x.w->isVisible());
     QCOMPARE(x.acconti(), 1);
     QCOMPARE(x.totaleInTestata().toDouble(), 120.0);
+    QVERIFY(x.b.interazione().errore().isEmpty());
+}
+
+// A click on another movement while a deposit is typed but not inserted asks first: Annulla keeps the typed line,
+// Sì inserts it and then loads the movement clicked.
+void TestAccontiUi::clicSuUnAltroMovimentoNonPerdeLAcconto()
+{
+    Banco x;
+    x.scrivi("Descrizione", QStringLiteral("Saldo parziale"));
+    x.scrivi("Importo", QStringLiteral("50"));
+    x.b.interazione().rispondiAnnullaDomanda(domanda);
+    x.clicRiga(0);
+    QCOMPARE(x.campo("Descrizione")->text(), QStringLiteral("Saldo parziale"));
+    QCOMPARE(x.acconti(), 1);
+    x.b.interazione().rispondiSi(domanda);
+    x.clicRiga(0);
+    QCOMPARE(x.acconti(), 2);
+    QCOMPARE(x.campo("Descrizione")->text(), QStringLiteral("Caparra"));
     QVERIFY(x.b.interazione().errore().isEmpty());
 }
 

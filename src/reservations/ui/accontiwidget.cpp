@@ -84,6 +84,7 @@ AccontiWidget::AccontiWidget(std::unique_ptr<SchedaAcconti> logica, QWidget* gen
     connect(nessuno, &QPushButton::clicked, this, [esegui] { esegui(&SchedaAcconti::Command1_Click); });
     connect(esci, &QPushButton::clicked, this, &QDialog::accept);
     connect(m_righe, &QTableWidget::cellClicked, this, [this](int r, int) {
+        leggi();
         m_logica->Righe_Click(r);
         aggiorna();
     });
