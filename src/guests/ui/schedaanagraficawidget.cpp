@@ -5,6 +5,7 @@
 #include "guests/limiticampi.h"
 #include "guests/schedaanagrafica.h"
 #include "guests/ui/elencoanagrafichewidget.h"
+#include "guests/ui/opzioni.h"
 #include "guests/ui/proposte.h"
 
 #include <QButtonGroup>
@@ -39,27 +40,6 @@ QPushButton* pulsante(const char* nome, const QString& testo, QWidget* genitore)
     p->setObjectName(QLatin1String(nome));
     p->setAutoDefault(false);
     return p;
-}
-
-QRadioButton* opzione(const char* nome, const QString& testo, QWidget* genitore)
-{
-    auto* r = new QRadioButton(testo, genitore);
-    r->setObjectName(QLatin1String(nome));
-    return r;
-}
-
-QWidget* coppia(QRadioButton* a, QRadioButton* b, QWidget* genitore)
-{
-    auto* w = new QWidget(genitore);
-    auto* l = new QHBoxLayout(w);
-    l->setContentsMargins(0, 0, 0, 0);
-    l->addWidget(a);
-    l->addWidget(b);
-    l->addStretch();
-    auto* gruppo = new QButtonGroup(w);
-    gruppo->addButton(a);
-    gruppo->addButton(b);
-    return w;
 }
 
 QTableWidget* griglia(const char* nome, const QStringList& titoli, QWidget* genitore)

@@ -4,6 +4,7 @@
 #include "foundation/formati.h"
 #include "foundation/schema/tabelle.h"
 #include "guests/limiticampi.h"
+#include "guests/ui/opzioni.h"
 #include "guests/ui/proposte.h"
 #include "pricelists/calcoloprezzi.h"
 #include "reservations/regoleospiti.h"
@@ -76,31 +77,6 @@ QComboBox* scelta(const QString& nome, QWidget* genitore, bool modificabile = fa
     c->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     c->setMinimumContentsLength(8);
     return c;
-}
-
-QRadioButton* opzione(const char* nome, const QString& testo, QWidget* genitore)
-{
-    auto* r = new QRadioButton(testo, genitore);
-    r->setObjectName(QLatin1String(nome));
-    return r;
-}
-
-// Two exclusive options side by side; each pair is a group of its own.
-QWidget* coppia(QRadioButton* a, QRadioButton* b, QWidget* genitore)
-{
-    auto* w = new QWidget(genitore);
-    w->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    auto* l = new QHBoxLayout(w);
-    l->setContentsMargins(0, 0, 0, 0);
-    a->setParent(w);
-    b->setParent(w);
-    l->addWidget(a);
-    l->addWidget(b);
-    l->addStretch();
-    auto* gruppo = new QButtonGroup(w);
-    gruppo->addButton(a);
-    gruppo->addButton(b);
-    return w;
 }
 
 QFormLayout* modulo(QGroupBox* box)
