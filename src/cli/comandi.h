@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/interazione.h"
+
 #include <QDate>
 #include <QString>
 #include <QStringList>
@@ -101,5 +103,29 @@ int comandoDocumentoRegistra(const Argomenti&, Console&);
 int comandoDocumentoCancella(const Argomenti&, Console&);
 int comandoScadenze(const Argomenti&, Console&);
 int comandoSchedine(const Argomenti&, Console&);
+
+// The command line is the confirmation: every question of the screens is answered yes, an input box with the
+// given word, and the last message is kept for the command to report.
+class InterazioneConfermata : public Interazione
+{
+public:
+    explicit InterazioneConfermata(std::optional<QString> rispostaInput = std::nullopt)
+        : m_rispostaInput(std::move(rispostaInput))
+    {
+    }
+    QString ultimo;
+    void messaggio(const QString& testo, const QString&, Icona) override { ultimo = testo; }
+    bool domandaSiNo(const QString&, const QString&, Icona) override { return true; }
+    bool okAnnulla(const QString&, const QString&, Icona) override { return true; }
+    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override { return m_rispostaInput; }
+    std::optional<QString> scegliFileDaAprire(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> scegliFileDaSalvare(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<QString> scegliCartella(const QString&, const QString&) override { return {}; }
+    void avviso(TipoAvviso, const QString&, int, bool) override { }
+    void archivioOccupato(int) override { }
+
+private:
+    std::optional<QString> m_rispostaInput;
+};
 
 } // namespace tomvera::cli

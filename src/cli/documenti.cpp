@@ -17,21 +17,6 @@ namespace tomvera::cli {
 
 namespace {
 
-// Saves from the command line run with messages off; nothing should ask, and nobody would answer.
-class InterazioneSilenziosa : public Interazione
-{
-public:
-    void messaggio(const QString&, const QString&, Icona) override { }
-    bool domandaSiNo(const QString&, const QString&, Icona) override { return true; }
-    bool okAnnulla(const QString&, const QString&, Icona) override { return true; }
-    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaAprire(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaSalvare(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliCartella(const QString&, const QString&) override { return {}; }
-    void avviso(TipoAvviso, const QString&, int, bool) override { }
-    void archivioOccupato(int) override { }
-};
-
 const QStringList tabelleDocumenti {
     QStringLiteral("Configurazioni"), QStringLiteral("Testate"),          QStringLiteral("Righe"),
     QStringLiteral("Pagamenti"),      QStringLiteral("TabellaPagamenti"), QStringLiteral("TabellaDocumenti")
@@ -136,7 +121,8 @@ std::optional<qint64> interoPositivo(const Argomenti& argomenti, const QString& 
 // Everything a document command needs to run the editor's logic without a screen.
 struct Ambiente
 {
-    InterazioneSilenziosa interazione;
+    // Saves run with messages off; nothing should ask, and nobody would answer.
+    InterazioneConfermata interazione;
     Orologio orologio;
     GestioneErrori errori;
     Sessione sessione;

@@ -10,26 +10,6 @@ namespace tomvera::cli {
 
 namespace {
 
-// The command line is the confirmation: the questions of the screen are answered yes, and the last message
-// is what the command reports.
-class InterazioneConfermata : public Interazione
-{
-public:
-    QString ultimo;
-    void messaggio(const QString& testo, const QString&, Icona) override { ultimo = testo; }
-    bool domandaSiNo(const QString&, const QString&, Icona) override { return true; }
-    bool okAnnulla(const QString&, const QString&, Icona) override { return true; }
-    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override
-    {
-        return QStringLiteral("SI");
-    }
-    std::optional<QString> scegliFileDaAprire(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliFileDaSalvare(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<QString> scegliCartella(const QString&, const QString&) override { return {}; }
-    void avviso(TipoAvviso, const QString&, int, bool) override { }
-    void archivioOccupato(int) override { }
-};
-
 QString suUnaRiga(QString testo)
 {
     testo.replace(QLatin1Char('\n'), QLatin1Char(' '));
@@ -61,7 +41,7 @@ int comandoRipristina(const Argomenti& argomenti, Console& console)
     // Registered first: a program or a command that comes in now finds us, and anyone already in is another.
     const RegistrazioneScrittura registrazione(archivio);
     const int propri = registrazione.registrata() ? 1 : 0;
-    InterazioneConfermata interazione;
+    InterazioneConfermata interazione(QStringLiteral("SI"));
     backup::Manutenzione manutenzione(
         interazione, archivio, piattaforma::cartellaProgramma(),
         [propri](const QString& percorso) { return backup::archivioOccupato(percorso, propri); });
