@@ -1,4 +1,5 @@
 #include "archiviotemporaneo.h"
+#include "controlli.h"
 #include "fotografie.h"
 #include "foundation/orologio.h"
 #include "foundation/sessione.h"
@@ -36,13 +37,7 @@ struct Banco
     QVariant valore(const char* sql) { return t.archivio().valore(QString::fromLatin1(sql)); }
 };
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    auto* c = w.findChild<T*>(QString::fromLatin1(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 void clic(QWidget& w, const char* nome)
 {

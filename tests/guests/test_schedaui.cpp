@@ -1,4 +1,5 @@
 #include "archivioospiti.h"
+#include "controlli.h"
 #include "fotografie.h"
 #include "foundation/orologio.h"
 #include "guests/archiviocodici.h"
@@ -28,13 +29,7 @@ void salva(QWidget& w, const QString& nome)
     test::fotografa(w, nome);
 }
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QLatin1String(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // The guest card's widget: every field through its control, closing paths, rights, dead buttons, overlong
 // texts and the name look-ahead.
 #include "archivioospiti.h"
+#include "controlli.h"
 #include "fotografie.h"
 #include "foundation/configurazione.h"
 #include "foundation/orologio.h"
@@ -31,13 +32,7 @@ using namespace tomvera;
 
 namespace {
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QLatin1String(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 // Every text box of the card and a value no other box holds.
 const QList<std::pair<const char*, QString>>& valoriCampi()

@@ -1,4 +1,5 @@
 #include "archiviotemporaneo.h"
+#include "controlli.h"
 #include "foundation/configurazione.h"
 #include "foundation/orologio.h"
 #include "foundation/permessi.h"
@@ -46,13 +47,7 @@ struct Banco
     }
 };
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QString::fromLatin1(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 void clicca(QWidget& w, const char* nome)
 {

@@ -1,3 +1,4 @@
+#include "controlli.h"
 #include "costruttori.h"
 #include "reservations/acconti.h"
 #include "reservations/ui/accontiwidget.h"
@@ -16,13 +17,7 @@ namespace {
 
 const QString domanda = QStringLiteral("l'acconto digitato non è stato inserito");
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QLatin1String(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 // A saved reservation with one deposit of 100 entered through the screen, which stays open on it.
 struct Banco

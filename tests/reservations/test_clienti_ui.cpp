@@ -1,4 +1,5 @@
 // The guest entry line of the reservation screen, driven through its controls.
+#include "controlli.h"
 #include "costruttori.h"
 #include "fotografie.h"
 #include "foundation/variabili.h"
@@ -28,13 +29,7 @@ using test::BancoPrenotazioni;
 
 namespace {
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QLatin1String(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 void codici(BancoPrenotazioni& b)
 {

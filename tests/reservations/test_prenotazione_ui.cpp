@@ -1,3 +1,4 @@
+#include "controlli.h"
 #include "costruttori.h"
 #include "fotografie.h"
 #include "reservations/acconti.h"
@@ -30,13 +31,7 @@ void salva(QWidget& w, const QString& nome)
     test::fotografa(w, nome);
 }
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QLatin1String(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 void scrivi(QWidget& w, const char* nome, const QString& testo)
 {

@@ -1,5 +1,6 @@
 // The reservation screen driven as the desk drives it: keys, clicks, the closing paths, rights, the extras
 // line, the print.
+#include "controlli.h"
 #include "costruttori.h"
 #include "fotografie.h"
 #include "foundation/configurazione.h"
@@ -28,13 +29,7 @@ using test::BancoPrenotazioni;
 
 namespace {
 
-template <typename T> T* trova(QWidget& w, const char* nome)
-{
-    T* c = w.findChild<T*>(QLatin1String(nome));
-    if (!c)
-        qFatal("controllo mancante: %s", nome);
-    return c;
-}
+using tomvera::test::trova;
 
 // Types into a field as the desk does and leaves it.
 void digita(QLineEdit* campo, const QString& testo)
